@@ -1,0 +1,6 @@
+#include "commonconst.h"
+
+namespace CommonConst {
+bool MemoryTransponderMode = true;
+bool ShowDeviceInfoOnStartTesting = true;
+} // namespace CommonConst

@@ -1,0 +1,17 @@
+#pragma once
+
+// The package's entry points, exported by name with C linkage for the host's loader.
+extern "C" {
+
+struct KxPackageInfoTable
+{
+    int unitCount;
+    const char *const *units;    // in initialisation order
+    int requiresCount;
+    const char *const *requiredPackages; // packages to load first
+};
+
+void Initialize();
+void Finalize();
+const KxPackageInfoTable *GetPackageInfoTable();
+}

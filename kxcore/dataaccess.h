@@ -1,0 +1,152 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+class TCSqlConnection;
+namespace kx {
+class SqlDialect;
+}
+
+enum TCFieldFlag : unsigned {
+    fIndex = 1,       // a single-column index
+    fUniqueIndex = 2, // a unique single-column index
+    fUnique = 4,      // values are unique (kept by the unique index)
+    fNotNull = 8,
+    fGenerator = 16,  // counted by a generator (see SqlGetNextValue)
+};
+
+// One column of a table definition.
+struct TCFieldDef
+{
+    TCFieldDef() = default;
+    TCFieldDef(QString fieldname, QString sqlType, unsigned flags = 0, QString caption = {})
+        : Fieldname(std::move(fieldname))
+        , Caption(std::move(caption))
+        , SQLType(std::move(sqlType))
+        , Index(flags & fIndex)
+        , UniqueIndex(flags & fUniqueIndex)
+        , Unique(flags & fUnique)
+        , NotNull(flags & fNotNull)
+        , Generator(flags & fGenerator)
+    {
+    }
+    TCFieldDef &link(QString table, QString field)
+    {
+        LinkTable = std::move(table);
+        LinkField = std::move(field);
+        return *this;
+    }
+
+    QString Fieldname;
+    QString Caption;
+    QString SQLType; // the definition's type text, e.g. "Varchar(43)"
+    bool Index = false;
+    bool UniqueIndex = false;
+    bool Unique = false;
+    bool NotNull = false;
+    bool Generator = false;
+    int GeneratorMin = 0;
+    QString LinkTable;
+    QString LinkField;
+};
+
+// A named index over one or more columns ("Dialog,Control").
+struct TCIndexDef
+{
+    QString IndexName;
+    bool IndexUnique = false;
+    QString IndexFields;
+};
+
+// A numbered access right of a table.
+struct TCRight
+{
+    int Number = 0;
+    QString Caption;
+};
+
+// A table definition as plain data, declared in the unit that owns the table.
+struct TCTableDef
+{
+    QString Tablename;
+    QList<TCFieldDef> Fields;
+    QList<TCIndexDef> Indexes;
+    QList<TCRight> Rights;
+};
+
+// The suite's standard rights list (in its order).
+const QList<TCRight> &standardRights();
+
+class TCDataAccess;
+
+class TCFieldDefs
+{
+public:
+    int Count() const { return int(m_items.size()); }
+    TCFieldDef &GetItem(int index);
+    const TCFieldDef &GetItem(int index) const;
+    // Case-insensitive; nullptr when the definition has no such column.
+    TCFieldDef *GetItemFromFieldname(const QString &name);
+    void Add(const TCFieldDef &field) { m_items << field; }
+    const QList<TCFieldDef> &items() const { return m_items; }
+
+private:
+    QList<TCFieldDef> m_items;
+};
+
+// An item of the child collection; it may hold no definition.
+struct TCDataAccessChild
+{
+    TCDataAccess *DataAccess = nullptr;
+};
+
+class TCDataAccessChilds
+{
+public:
+    int Count() const { return int(m_items.size()); }
+    const TCDataAccessChild &GetItem(int index) const;
+    void Add(TCDataAccess *child) { m_items << TCDataAccessChild{ child }; }
+
+private:
+    QList<TCDataAccessChild> m_items;
+};
+
+// A table definition of a holder: its schema, children and rights; creates or alters its table.
+class TCDataAccess : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TCDataAccess(QObject *owner = nullptr);
+    TCDataAccess(const TCTableDef &definition, QObject *owner);
+
+    QString Tablename;
+    TCFieldDefs Fields;
+    TCDataAccessChilds DataAccessChilds;
+    QList<TCIndexDef> Indexes;
+    QList<TCRight> Rights;
+    TCSqlConnection *Connection = nullptr;
+
+    TCFieldDef *GetFieldFromName(const QString &name) { return Fields.GetItemFromFieldname(name); }
+
+    // Creates the table with its columns in definition order, or adds the columns it lacks;
+    // then creates the missing indexes and generators. Running it again changes nothing.
+    // Throws kx::DatabaseError on failure; returns true otherwise.
+    bool AlterOrCreateTable(bool = true);
+
+    // The statements that create this table from nothing on the given product (for review).
+    QStringList createStatements(const kx::SqlDialect &dialect) const;
+
+private:
+    QString columnDefinition(const kx::SqlDialect &dialect, const TCFieldDef &field) const;
+    struct PlannedIndex
+    {
+        QString name;
+        QStringList fields;
+        bool unique;
+    };
+    QList<PlannedIndex> plannedIndexes(const kx::SqlDialect &dialect) const;
+};

@@ -1,0 +1,147 @@
+// PostgreSQL through libpq: one round trip per statement, each in its own implicit transaction.
+#include "kxerror.h"
+#include "sqldialect.h"
+#include "sqldriver.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <libpq-fe.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kx {
+namespace {
+
+// Type OIDs of the catalog pg_type that need a conversion from text.
+enum PgType : Oid {
+    PgBool = 16,
+    PgBytea = 17,
+    PgInt8 = 20,
+    PgInt2 = 21,
+    PgInt4 = 23,
+    PgFloat4 = 700,
+    PgFloat8 = 701,
+    PgDate = 1082,
+    PgTimestamp = 1114,
+    PgNumeric = 1700,
+};
+
+QByteArray quoteConnectionValue(const QString &value)
+{
+    QString text = value;
+    text.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
+    return "'" + text.toUtf8() + "'";
+}
+
+class PostgresDriver final : public SqlDriver
+{
+public:
+    explicit PostgresDriver(const ConnectionParameters &p)
+    {
+        QByteArray info = "host=" + quoteConnectionValue(p.host) + " dbname=" + quoteConnectionValue(p.database)
+            + " user=" + quoteConnectionValue(p.user) + " password=" + quoteConnectionValue(p.password)
+            + " client_encoding=UTF8 connect_timeout=10";
+        if (p.port > 0)
+            info += " port=" + QByteArray::number(p.port);
+        m_conn = PQconnectdb(info.constData());
+        if (PQstatus(m_conn) != CONNECTION_OK) {
+            const QString native = QString::fromUtf8(PQerrorMessage(m_conn)).trimmed();
+            PQfinish(m_conn);
+            m_conn = nullptr;
+            throw DatabaseError(u"Die PostgreSQL-Datenbank \"%1\" auf %2 lässt sich nicht öffnen: %3"_s
+                                    .arg(p.database, p.host, native),
+                                {}, native);
+        }
+        // Notices (such as "there is no transaction in progress") are not errors here.
+        PQsetNoticeProcessor(m_conn, [](void *, const char *) {}, nullptr);
+        execute(u"SET datestyle TO ISO"_s);
+    }
+    ~PostgresDriver() override { close(); }
+
+    SqlResult execute(const QString &sql) override
+    {
+        if (!m_conn)
+            throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
+        PGresult *res = PQexec(m_conn, sql.toUtf8().constData());
+        const ExecStatusType status = PQresultStatus(res);
+        if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) {
+            const QString native = QString::fromUtf8(PQresultErrorMessage(res)).trimmed();
+            PQclear(res);
+            throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+        }
+        SqlResult result;
+        const int columnCount = PQnfields(res);
+        const int rowCount = PQntuples(res);
+        for (int c = 0; c < columnCount; ++c)
+            result.columns << QString::fromUtf8(PQfname(res, c));
+        result.rows.reserve(rowCount);
+        for (int r = 0; r < rowCount; ++r) {
+            QVector<QVariant> row(columnCount);
+            for (int c = 0; c < columnCount; ++c)
+                row[c] = value(res, r, c);
+            result.rows.push_back(std::move(row));
+        }
+        const char *affected = PQcmdTuples(res);
+        result.rowsAffected = (affected && *affected) ? QByteArray(affected).toLongLong() : rowCount;
+        PQclear(res);
+        return result;
+    }
+
+    void close() override
+    {
+        if (m_conn) {
+            PQfinish(m_conn);
+            m_conn = nullptr;
+        }
+    }
+
+    const SqlDialect &dialect() const override { return postgresDialect(); }
+
+private:
+    static QVariant value(PGresult *res, int row, int column)
+    {
+        if (PQgetisnull(res, row, column))
+            return QVariant();
+        const char *raw = PQgetvalue(res, row, column);
+        const QByteArray bytes(raw, PQgetlength(res, row, column));
+        switch (PQftype(res, column)) {
+        case PgBool:
+            return QVariant(bytes == "t");
+        case PgInt2:
+        case PgInt4:
+        case PgInt8:
+            return QVariant(bytes.toLongLong());
+        case PgNumeric:
+            if (!bytes.contains('.'))
+                return QVariant(bytes.toLongLong());
+            return QVariant(bytes.toDouble());
+        case PgFloat4:
+        case PgFloat8:
+            return QVariant(bytes.toDouble());
+        case PgDate:
+            return QVariant(QDate::fromString(QString::fromLatin1(bytes), Qt::ISODate));
+        case PgTimestamp:
+            return QVariant(QDateTime::fromString(QString::fromLatin1(bytes).replace(u' ', u'T'), Qt::ISODate));
+        case PgBytea: {
+            size_t length = 0;
+            unsigned char *data = PQunescapeBytea(reinterpret_cast<const unsigned char *>(raw), &length);
+            QByteArray blob(reinterpret_cast<const char *>(data), qsizetype(length));
+            PQfreemem(data);
+            return QVariant(blob);
+        }
+        default:
+            return QVariant(QString::fromUtf8(bytes));
+        }
+    }
+
+    PGconn *m_conn = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<SqlDriver> openPostgresDriver(const ConnectionParameters &parameters)
+{
+    return std::make_unique<PostgresDriver>(parameters);
+}
+
+} // namespace kx

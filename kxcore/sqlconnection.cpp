@@ -1,0 +1,172 @@
+#include "sqlconnection.h"
+
+#include "globals.h"
+#include "kxerror.h"
+#include "sqldialect.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+TCSqlConnection &applicationConnection()
+{
+    static TCSqlConnection connection;
+    return connection;
+}
+} // namespace
+
+TCSqlConnection *compSqlConnection = &applicationConnection();
+
+TCSqlConnection::TCSqlConnection(QObject *parent)
+    : QObject(parent)
+{
+}
+
+TCSqlConnection::~TCSqlConnection() = default;
+
+kx::ConnectionParameters TCSqlConnection::parseConnectionString(const QString &connectionString)
+{
+    kx::ConnectionParameters p;
+    if (connectionString.startsWith(u"sqlite:"_s)) {
+        p.product = u"sqlite"_s;
+        p.database = connectionString.mid(7);
+        if (p.database.isEmpty())
+            throw kx::DatabaseError(u"Die Verbindungsangabe \"sqlite:\" nennt keine Datenbankdatei."_s);
+        return p;
+    }
+    static const QRegularExpression server(
+        uR"(^([a-z]+)://([^:@/]*)(?::([^@]*))?@([^:/]+)(?::(\d+))?/(.+)$)"_s);
+    const QRegularExpressionMatch m = server.match(connectionString);
+    const QString product = m.hasMatch() ? m.captured(1) : connectionString.section(u':', 0, 0);
+    if (product != u"postgres"_s && product != u"firebird"_s)
+        throw kx::DatabaseError(
+            u"Unbekanntes Datenbanksystem \"%1\" in der Verbindungsangabe; erlaubt sind sqlite:, postgres:// und firebird://."_s
+                .arg(product));
+    if (!m.hasMatch())
+        throw kx::DatabaseError(
+            u"Die Verbindungsangabe ist unvollständig; erwartet: %1://benutzer:kennwort@rechner:port/datenbank"_s
+                .arg(product));
+    p.product = product;
+    p.user = m.captured(2);
+    p.password = m.captured(3);
+    p.host = m.captured(4);
+    p.port = m.captured(5).toInt();
+    p.database = m.captured(6);
+    return p;
+}
+
+void TCSqlConnection::Open(const QString &connectionString)
+{
+    const kx::ConnectionParameters parameters = parseConnectionString(connectionString);
+    Close();
+    if (parameters.product == u"sqlite"_s)
+        m_driver = kx::openSqliteDriver(parameters);
+    else if (parameters.product == u"postgres"_s)
+        m_driver = kx::openPostgresDriver(parameters);
+    else
+        m_driver = kx::openFirebirdDriver(parameters);
+    m_connectionString = connectionString;
+    if (this == compSqlConnection)
+        cDBSystem = m_driver->dialect().dbSystem();
+}
+
+void TCSqlConnection::Close()
+{
+    if (m_driver) {
+        m_driver->close();
+        m_driver.reset();
+    }
+    m_connectionString.clear();
+}
+
+const kx::SqlDialect &TCSqlConnection::dialect() const
+{
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    return m_driver->dialect();
+}
+
+kx::SqlResult TCSqlConnection::execute(const QString &sql)
+{
+    Q_EMIT statementExecuted(sql);
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
+    const QString statement = kx::singleStatement(sql);
+    // Every statement is committed when it returns, so an explicit "Commit" has nothing left to do.
+    if (statement.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
+        return {};
+    return m_driver->execute(statement);
+}
+
+QStringList TCSqlConnection::firstColumn(const QString &sql)
+{
+    QStringList names;
+    for (const QVector<QVariant> &row : execute(sql).rows)
+        names << row.value(0).toString().trimmed();
+    return names;
+}
+
+QStringList TCSqlConnection::GetTableNames()
+{
+    return firstColumn(dialect().tableNamesSql());
+}
+
+QStringList TCSqlConnection::GetFieldNames(const QString &table)
+{
+    return firstColumn(dialect().fieldNamesSql(table));
+}
+
+QStringList TCSqlConnection::GetIndexNames(const QString &table)
+{
+    return firstColumn(dialect().indexNamesSql(table));
+}
+
+bool TCSqlConnection::tableExists(const QString &table)
+{
+    return GetTableNames().contains(table, Qt::CaseInsensitive);
+}
+
+namespace kx {
+
+QString singleStatement(const QString &sql)
+{
+    const qsizetype n = sql.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = sql.at(i);
+        if (c == u'\'' || c == u'"') {
+            // A doubled quote inside a literal reads as the closing quote and a new opening one.
+            for (++i; i < n && sql.at(i) != c; ++i) {
+            }
+        } else if (c == u'-' && i + 1 < n && sql.at(i + 1) == u'-') {
+            while (i < n && sql.at(i) != u'\n')
+                ++i;
+        } else if (c == u'/' && i + 1 < n && sql.at(i + 1) == u'*') {
+            const qsizetype end = sql.indexOf(u"*/"_s, i + 2);
+            i = end < 0 ? n : end + 1;
+        } else if (c == u';') {
+            for (qsizetype j = i + 1; j < n; ++j) {
+                if (!sql.at(j).isSpace() && sql.at(j) != u';')
+                    throw DatabaseError(
+                        u"Die Anweisung enthält nach \";\" eine zweite Anweisung und wird nicht ausgeführt:\n%1"_s
+                            .arg(sql),
+                        sql);
+            }
+            return sql.left(i);
+        }
+    }
+    return sql;
+}
+
+SqlTraceCapture::SqlTraceCapture(TCSqlConnection *connection)
+{
+    m_connection = QObject::connect(connection, &TCSqlConnection::statementExecuted,
+                                    [this](const QString &sql) { m_statements << sql; });
+}
+
+SqlTraceCapture::~SqlTraceCapture()
+{
+    QObject::disconnect(m_connection);
+}
+
+} // namespace kx

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace kx {
+
+// Everything that differs between the database products, one hook per concern.
+// The base class holds the common SQL; each product overrides only where it differs.
+class SqlDialect
+{
+public:
+    virtual ~SqlDialect() = default;
+
+    virtual QString productName() const = 0; // "sqlite", "postgres", "firebird"
+    // The value of cDBSystem for this product.
+    virtual int dbSystem() const = 0;
+    virtual int maxIdentifierLength() const { return 31; }
+
+    // The product's column type for a type text of a table definition ("Varchar(43)", "Date", ...).
+    QString columnType(const QString &definitionType) const;
+
+    // How the catalog spells an unquoted identifier (upper, lower or as written).
+    virtual QString catalogName(const QString &name) const = 0;
+    virtual QString tableNamesSql() const = 0;
+    virtual QString fieldNamesSql(const QString &table) const = 0;
+    virtual QString indexNamesSql(const QString &table) const = 0;
+
+    virtual QString createTableSql(const QString &table, const QStringList &columnDefinitions) const;
+    virtual QString addColumnSql(const QString &table, const QString &columnDefinition) const;
+    virtual QString createIndexSql(const QString &name, const QString &table, const QStringList &fields,
+                                   bool unique) const;
+
+    // Generators (sequences): ensure, next value, set the current value.
+    virtual QStringList createGeneratorSql(const QString &name) const = 0;
+    // Empty where creating is idempotent and needs no check first.
+    virtual QString generatorExistsSql(const QString &name) const = 0;
+    virtual QString nextGeneratorValueSql(const QString &name) const = 0;
+    virtual QString setGeneratorSql(const QString &name, qint64 value) const = 0;
+
+    // A name for an index or generator that fits the product's identifier limit.
+    QString shortName(const QString &name) const;
+
+protected:
+    struct TypeRule
+    {
+        const char16_t *definitionKeyword; // upper-case type keyword of the definition text
+        const char16_t *productType;       // empty: keep the definition text as it stands
+    };
+    virtual QList<TypeRule> typeRules() const = 0;
+};
+
+const SqlDialect &sqliteDialect();
+const SqlDialect &postgresDialect();
+const SqlDialect &firebirdDialect();
+
+} // namespace kx

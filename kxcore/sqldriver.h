@@ -1,0 +1,39 @@
+#pragma once
+
+#include "sqlresult.h"
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+namespace kx {
+
+class SqlDialect;
+
+// What one product's client must do; everything above it is product-neutral.
+class SqlDriver
+{
+public:
+    virtual ~SqlDriver() = default;
+
+    // Runs exactly one statement and commits it; throws DatabaseError with the native text.
+    virtual SqlResult execute(const QString &sql) = 0;
+    virtual void close() = 0;
+    virtual const SqlDialect &dialect() const = 0;
+};
+
+struct ConnectionParameters
+{
+    QString product; // "sqlite", "postgres" or "firebird"
+    QString user;
+    QString password;
+    QString host;
+    int port = 0;
+    QString database; // file path or database name
+};
+
+std::unique_ptr<SqlDriver> openSqliteDriver(const ConnectionParameters &parameters);
+std::unique_ptr<SqlDriver> openPostgresDriver(const ConnectionParameters &parameters);
+std::unique_ptr<SqlDriver> openFirebirdDriver(const ConnectionParameters &parameters);
+
+} // namespace kx

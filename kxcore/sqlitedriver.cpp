@@ -1,0 +1,127 @@
+// The embedded default: SQLite through its own C library, without a layer in between.
+#include "kxerror.h"
+#include "sqldialect.h"
+#include "sqldriver.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kx {
+namespace {
+
+class SqliteDriver final : public SqlDriver
+{
+public:
+    explicit SqliteDriver(const ConnectionParameters &parameters)
+    {
+        const QByteArray path = parameters.database.toUtf8();
+        const int rc = sqlite3_open_v2(path.constData(), &m_db,
+                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI, nullptr);
+        if (rc != SQLITE_OK) {
+            const QString native = m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QString();
+            sqlite3_close(m_db);
+            m_db = nullptr;
+            throw DatabaseError(u"Die SQLite-Datenbank \"%1\" lässt sich nicht öffnen: %2"_s
+                                    .arg(parameters.database, native),
+                                {}, native);
+        }
+        sqlite3_busy_timeout(m_db, 10000);
+        // WAL keeps readers and the single writer apart; FULL sync keeps every committed statement.
+        execute(u"PRAGMA journal_mode=WAL"_s);
+        execute(u"PRAGMA synchronous=FULL"_s);
+    }
+    ~SqliteDriver() override { close(); }
+
+    SqlResult execute(const QString &sql) override
+    {
+        if (!m_db)
+            throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
+        sqlite3_stmt *statement = nullptr;
+        const int rc = sqlite3_prepare16_v2(m_db, sql.utf16(), int(sql.size() * sizeof(char16_t)), &statement,
+                                            nullptr);
+        if (rc != SQLITE_OK)
+            throw failure(sql);
+        SqlResult result;
+        const int columnCount = sqlite3_column_count(statement);
+        for (int i = 0; i < columnCount; ++i)
+            result.columns << QString::fromUtf16(static_cast<const char16_t *>(sqlite3_column_name16(statement, i)));
+        int step;
+        while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
+            QVector<QVariant> row(columnCount);
+            for (int i = 0; i < columnCount; ++i)
+                row[i] = value(statement, i);
+            result.rows.push_back(std::move(row));
+        }
+        if (step != SQLITE_DONE) {
+            const DatabaseError error = failure(sql);
+            sqlite3_finalize(statement);
+            throw error;
+        }
+        result.rowsAffected = columnCount == 0 ? sqlite3_changes(m_db) : qint64(result.rows.size());
+        sqlite3_finalize(statement);
+        return result;
+    }
+
+    void close() override
+    {
+        if (m_db) {
+            sqlite3_close_v2(m_db);
+            m_db = nullptr;
+        }
+    }
+
+    const SqlDialect &dialect() const override { return sqliteDialect(); }
+
+private:
+    DatabaseError failure(const QString &sql) const
+    {
+        const QString native = QString::fromUtf8(sqlite3_errmsg(m_db));
+        return DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+    }
+
+    static QVariant value(sqlite3_stmt *statement, int column)
+    {
+        switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_INTEGER:
+            return QVariant(qlonglong(sqlite3_column_int64(statement, column)));
+        case SQLITE_FLOAT:
+            return QVariant(sqlite3_column_double(statement, column));
+        case SQLITE_BLOB:
+            return QVariant(QByteArray(static_cast<const char *>(sqlite3_column_blob(statement, column)),
+                                       sqlite3_column_bytes(statement, column)));
+        case SQLITE_NULL:
+            return QVariant();
+        default:
+            break;
+        }
+        const QString text = QString::fromUtf16(static_cast<const char16_t *>(sqlite3_column_text16(statement, column)),
+                                                sqlite3_column_bytes16(statement, column) / 2);
+        // SQLite keeps dates as ISO text; give them back as dates like the server products do.
+        if (const char *declared = sqlite3_column_decltype(statement, column)) {
+            if (qstricmp(declared, "DATE") == 0) {
+                const QDate date = QDate::fromString(text.left(10), Qt::ISODate);
+                if (date.isValid())
+                    return QVariant(date);
+            } else if (qstricmp(declared, "TIMESTAMP") == 0) {
+                const QDateTime stamp = QDateTime::fromString(text, Qt::ISODate);
+                if (stamp.isValid())
+                    return QVariant(stamp);
+            }
+        }
+        return QVariant(text);
+    }
+
+    sqlite3 *m_db = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<SqlDriver> openSqliteDriver(const ConnectionParameters &parameters)
+{
+    return std::make_unique<SqliteDriver>(parameters);
+}
+
+} // namespace kx

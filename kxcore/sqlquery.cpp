@@ -1,0 +1,156 @@
+#include "sqlquery.h"
+
+#include "formatsettings.h"
+#include "kxerror.h"
+#include "sqlconnection.h"
+#include "sqltool.h"
+
+#include <QDateTime>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+QString TCQueryField::AsString() const
+{
+    if (IsNull())
+        return {};
+    switch (m_value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return kx::formatFloat(m_value.toDouble());
+    case QMetaType::QDate:
+        return m_value.toDate().toString(FormatSettings().ShortDateFormat);
+    case QMetaType::QDateTime: {
+        const QDateTime stamp = m_value.toDateTime();
+        return stamp.toString(FormatSettings().ShortDateFormat + u' ' + FormatSettings().LongTimeFormat);
+    }
+    case QMetaType::QByteArray:
+        return QString::fromUtf8(m_value.toByteArray());
+    case QMetaType::Bool:
+        return m_value.toBool() ? u"True"_s : u"False"_s;
+    default:
+        return m_value.toString();
+    }
+}
+
+double TCQueryField::AsFloat() const
+{
+    if (IsNull())
+        return 0.0;
+    switch (m_value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+    case QMetaType::ULongLong:
+    case QMetaType::UInt:
+        return m_value.toDouble();
+    default:
+        return kx::parseFloat(AsString());
+    }
+}
+
+int TCQueryField::AsInteger() const
+{
+    if (IsNull())
+        return 0;
+    qint64 value = 0;
+    switch (m_value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+        value = std::llround(m_value.toDouble());
+        break;
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::ULongLong:
+        value = m_value.toLongLong();
+        break;
+    default: {
+        bool ok = false;
+        value = m_value.toString().trimmed().toLongLong(&ok);
+        if (!ok)
+            throw kx::ConvertError(u"\"%1\" ist kein gültiger ganzzahliger Wert (Feld %2)."_s.arg(AsString(), m_name));
+    }
+    }
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
+        throw kx::RangeError(u"Der Wert %1 des Feldes %2 liegt außerhalb des ganzzahligen Bereichs."_s
+                                 .arg(value)
+                                 .arg(m_name));
+    return int(value);
+}
+
+QDate TCQueryField::AsDate() const
+{
+    if (IsNull())
+        return {};
+    if (m_value.typeId() == QMetaType::QDate)
+        return m_value.toDate();
+    if (m_value.typeId() == QMetaType::QDateTime)
+        return m_value.toDateTime().date();
+    return QDate::fromString(sqlConvertDate(m_value.toString()), Qt::ISODate);
+}
+
+TCSqlQuery::TCSqlQuery(QObject *owner)
+    : QObject(owner)
+{
+}
+
+TCSqlConnection &TCSqlQuery::connection() const
+{
+    if (!Connection)
+        throw kx::DatabaseError(u"Der Abfrage %1 ist keine Datenbankverbindung zugewiesen."_s.arg(objectName()),
+                                SQL.Text());
+    return *Connection;
+}
+
+void TCSqlQuery::Open()
+{
+    Close();
+    m_result = connection().execute(SQL.Text());
+    m_row = 0;
+    m_active = true;
+}
+
+void TCSqlQuery::Close()
+{
+    m_active = false;
+    m_result = {};
+    m_row = 0;
+}
+
+void TCSqlQuery::ExecSQL(bool)
+{
+    Close();
+    connection().execute(SQL.Text());
+}
+
+void TCSqlQuery::ExecSQLNoReplicate(bool)
+{
+    ExecSQL(false);
+}
+
+void TCSqlQuery::Next()
+{
+    if (!Eof())
+        ++m_row;
+}
+
+TCQueryField TCSqlQuery::FieldByName(const QString &name) const
+{
+    for (int i = 0; i < m_result.columns.size(); ++i) {
+        if (m_result.columns.at(i).compare(name, Qt::CaseInsensitive) == 0)
+            return Fields(i);
+    }
+    throw kx::DatabaseError(u"%1: Feld '%2' nicht gefunden."_s.arg(objectName(), name), SQL.Text());
+}
+
+TCQueryField TCSqlQuery::Fields(int index) const
+{
+    if (index < 0 || index >= m_result.columns.size())
+        throw kx::RangeError(u"Feldindex %1 außerhalb des gültigen Bereichs."_s.arg(index));
+    if (!m_active || Eof())
+        return TCQueryField(m_result.columns.at(index), QVariant());
+    return TCQueryField(m_result.columns.at(index), m_result.rows[m_row].at(index));
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "sqlresult.h"
+
+#include <QDate>
+#include <QObject>
+#include <QStringList>
+#include <QVariant>
+
+class TCSqlConnection;
+
+// The SQL text of a query, line by line.
+class TCStrings
+{
+public:
+    void Clear() { m_lines.clear(); }
+    void Add(const QString &line) { m_lines << line; }
+    int Count() const { return int(m_lines.size()); }
+    // The lines joined with line feeds, as the statement reaches the database.
+    QString Text() const { return m_lines.join(u'\n'); }
+    const QStringList &lines() const { return m_lines; }
+
+private:
+    QStringList m_lines;
+};
+
+// One value of the current row, read in the type the caller asks for.
+class TCQueryField
+{
+public:
+    TCQueryField() = default;
+    TCQueryField(QString name, QVariant value)
+        : m_name(std::move(name))
+        , m_value(std::move(value))
+    {
+    }
+    const QString &FieldName() const { return m_name; }
+    bool IsNull() const { return m_value.isNull() || !m_value.isValid(); }
+    const QVariant &Value() const { return m_value; }
+    // Numbers and dates in the user's format settings; null is the empty text.
+    QString AsString() const;
+    double AsFloat() const;
+    int AsInteger() const;
+    QDate AsDate() const;
+
+private:
+    QString m_name;
+    QVariant m_value;
+};
+
+// A query on a connection: set SQL, then Open (rows) or ExecSQL (no rows).
+class TCSqlQuery : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TCSqlQuery(QObject *owner = nullptr);
+
+    TCStrings SQL;
+    TCSqlConnection *Connection = nullptr;
+
+    void Open();
+    void Close();
+    // The argument is kept for the callers' sake: every statement commits on its own.
+    void ExecSQL(bool = false);
+    // Nothing here replicates statements, so this runs exactly like ExecSQL.
+    void ExecSQLNoReplicate(bool = false);
+
+    bool Active() const { return m_active; }
+    bool Eof() const { return !m_active || m_row >= m_result.rows.size(); }
+    bool IsEmpty() const { return !m_active || m_result.rows.empty(); }
+    int RecordCount() const { return m_active ? int(m_result.rows.size()) : 0; }
+    void Next();
+    void First() { m_row = 0; }
+
+    int FieldCount() const { return int(m_result.columns.size()); }
+    // Case-insensitive; throws kx::DatabaseError for a name the result does not have.
+    TCQueryField FieldByName(const QString &name) const;
+    TCQueryField Fields(int index) const;
+
+private:
+    TCSqlConnection &connection() const;
+
+    kx::SqlResult m_result;
+    size_t m_row = 0;
+    bool m_active = false;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+#include <vector>
+
+namespace kx {
+
+// The rows one statement returned, fully read: columns as the database names them.
+struct SqlResult
+{
+    QStringList columns;
+    std::vector<QVector<QVariant>> rows;
+    qint64 rowsAffected = -1;
+};
+
+} // namespace kx

@@ -1,0 +1,279 @@
+#include "sqltool.h"
+
+#include "formatsettings.h"
+#include "kxerror.h"
+#include "sqlconnection.h"
+#include "sqldialect.h"
+#include "sqlquery.h"
+
+#include <QRegularExpression>
+#include <QUuid>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString shortestFixed(double value, QChar decimalSeparator)
+{
+    if (!std::isfinite(value))
+        throw kx::ConvertError(u"Der Wert ist keine endliche Zahl."_s);
+    if (value == 0.0)
+        value = 0.0; // folds -0 into 0
+    char buffer[400];
+    const auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+    QString text = QString::fromLatin1(buffer, end - buffer);
+    if (decimalSeparator != u'.')
+        text.replace(u'.', decimalSeparator);
+    return text;
+}
+
+TCQueryField firstValue(const QString &sql)
+{
+    const kx::SqlResult result = compSqlConnection->execute(sql);
+    if (result.rows.empty() || result.columns.isEmpty())
+        return {};
+    return TCQueryField(result.columns.first(), result.rows.front().first());
+}
+
+} // namespace
+
+void SqlExec(const QString &sql)
+{
+    compSqlConnection->execute(sql);
+}
+
+QString sqlGetValue(const QString &sql)
+{
+    return firstValue(sql).AsString();
+}
+
+int sqlGetValueInt(const QString &sql)
+{
+    const TCQueryField field = firstValue(sql);
+    if (field.IsNull() || field.AsString().trimmed().isEmpty())
+        return 0;
+    return field.AsInteger();
+}
+
+QString sqlGenIdValue()
+{
+    return QUuid::createUuid().toString(QUuid::Id128).toUpper();
+}
+
+QString sqlConvertFloat(double value)
+{
+    return shortestFixed(value, u'.');
+}
+
+QString sqlConvertFloat(const QString &text)
+{
+    return sqlConvertFloat(kx::parseFloat(text));
+}
+
+QString sqlConvertDate(const QDate &date)
+{
+    return date.toString(u"yyyy-MM-dd"_s);
+}
+
+QString sqlConvertDate(const QDateTime &dateTime)
+{
+    return sqlConvertDate(dateTime.date());
+}
+
+QString sqlConvertDate(const QString &text)
+{
+    // A time part after the date is ignored.
+    const QString datePart = text.trimmed().section(u' ', 0, 0);
+    if (datePart.isEmpty())
+        return {};
+    const QDate iso = QDate::fromString(datePart, Qt::ISODate);
+    if (iso.isValid() && datePart.size() == 10)
+        return sqlConvertDate(iso);
+
+    // Read day, month and year in the order and with the separator of the short date format.
+    const QString format = FormatSettings().ShortDateFormat;
+    QString order;
+    QChar separator;
+    for (const QChar c : format) {
+        if (c == u'd' || c == u'M' || c == u'y') {
+            if (!order.contains(c))
+                order += c;
+        } else if (separator.isNull()) {
+            separator = c;
+        }
+    }
+    const QStringList parts = datePart.split(separator);
+    if (parts.size() != 3 || order.size() != 3)
+        return {};
+    int day = 0, month = 0, year = 0;
+    for (int i = 0; i < 3; ++i) {
+        bool ok = false;
+        const int number = parts.at(i).toInt(&ok);
+        if (!ok || parts.at(i).isEmpty())
+            return {};
+        if (order.at(i) == u'd')
+            day = number;
+        else if (order.at(i) == u'M')
+            month = number;
+        else {
+            year = number;
+            // Two-digit years fall into the window 1950-2049.
+            if (parts.at(i).size() <= 2)
+                year += year < 50 ? 2000 : 1900;
+        }
+    }
+    const QDate date(year, month, day);
+    return date.isValid() ? sqlConvertDate(date) : QString();
+}
+
+QString sqlConvertString(const QString &text)
+{
+    QString result = text;
+    return result.replace(u'\'', u"''"_s);
+}
+
+QString SqlBuildInsertSql(const QString &table, const QStringList &pairs)
+{
+    QStringList names;
+    QStringList values;
+    for (const QString &pair : pairs) {
+        const qsizetype eq = pair.indexOf(u'=');
+        names << pair.left(eq);
+        values << (eq < 0 ? QString() : pair.mid(eq + 1));
+    }
+    return u"Insert into "_s + table + u" ("_s + names.join(u',') + u") values ("_s + values.join(u',') + u')';
+}
+
+QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const QString &where)
+{
+    QStringList assignments;
+    for (const QString &pair : pairs) {
+        const qsizetype eq = pair.indexOf(u'=');
+        assignments << (eq < 0 ? pair + u"=NULL"_s : pair);
+    }
+    return u"Update "_s + table + u" set "_s + assignments.join(u',') + u' ' + where;
+}
+
+int SqlGetNextValue(const QString &table, const QString &field, int minValue)
+{
+    const kx::SqlDialect &dialect = compSqlConnection->dialect();
+    const QString name = kx::generatorName(dialect, table, field);
+    kx::ensureGenerator(*compSqlConnection, name);
+    int value = sqlGetValueInt(dialect.nextGeneratorValueSql(name));
+    if (value < minValue) {
+        SqlExec(dialect.setGeneratorSql(name, minValue));
+        value = minValue;
+    }
+    return value;
+}
+
+void SqlAlterGen(const QString &table, const QString &field, int value)
+{
+    const kx::SqlDialect &dialect = compSqlConnection->dialect();
+    const QString name = kx::generatorName(dialect, table, field);
+    kx::ensureGenerator(*compSqlConnection, name);
+    SqlExec(dialect.setGeneratorSql(name, value));
+}
+
+QString sqlConvertFormatStringToSQL(const QString &, const QString &field, const QString &, const QString &value,
+                                    bool)
+{
+    if (value.isEmpty())
+        return {};
+    const QString literal = sqlConvertString(value);
+    if (literal.contains(u'*') || literal.contains(u'?')) {
+        QString pattern = literal;
+        pattern.replace(u'*', u'%').replace(u'?', u'_');
+        return field + u" like '"_s + pattern + u'\'';
+    }
+    return field + u"='"_s + literal + u'\'';
+}
+
+QString SqlGetSelectFieldValue(const QString &text)
+{
+    QString s = text.toUpper();
+    s.replace(u"Ä"_s, u"AE"_s).replace(u"Ö"_s, u"OE"_s).replace(u"Ü"_s, u"UE"_s).replace(u"ß"_s, u"SS"_s);
+    s.replace(u"ẞ"_s, u"SS"_s);
+    static const QRegularExpression street(u"STRASSE|STR\\."_s);
+    s.replace(street, u"STR"_s);
+    s.remove(u' ').remove(u'.').remove(u'-');
+    return s;
+}
+
+QStringList GetTablenamesMSSql()
+{
+    QStringList names;
+    const kx::SqlResult result = compSqlConnection->execute(
+        u"select TABLE_NAME from INFORMATION_SCHEMA.TABLES where TABLE_TYPE='BASE TABLE'"
+        u" and TABLE_SCHEMA not in ('pg_catalog','information_schema') order by TABLE_NAME"_s);
+    for (const auto &row : result.rows)
+        names << row.value(0).toString();
+    return names;
+}
+
+QStringList GetFieldnamesMSSql(const QString &table)
+{
+    QStringList names;
+    const kx::SqlResult result = compSqlConnection->execute(
+        u"select COLUMN_NAME from INFORMATION_SCHEMA.COLUMNS where upper(TABLE_NAME)=upper('"_s
+        + sqlConvertString(table) + u"') order by ORDINAL_POSITION"_s);
+    for (const auto &row : result.rows)
+        names << row.value(0).toString();
+    return names;
+}
+
+namespace kx {
+
+SqlValueList &SqlValueList::addText(const QString &name, const QString &text)
+{
+    return add(name, u'\'' + sqlConvertString(text) + u'\'');
+}
+
+QString formatFloat(double value)
+{
+    return shortestFixed(value, FormatSettings().DecimalSeparator);
+}
+
+double parseFloat(const QString &text)
+{
+    const TCFormatSettings &f = FormatSettings();
+    QString s = text.trimmed();
+    const QString decimal = QRegularExpression::escape(QString(f.DecimalSeparator));
+    const QString thousand = QRegularExpression::escape(QString(f.ThousandSeparator));
+    // Either plain digits, or digits grouped by threes with the thousands separator.
+    const QRegularExpression pattern(u"^[+-]?(\\d+|\\d{1,3}("_s + thousand + u"\\d{3})+)?("_s + decimal
+                                     + u"\\d*)?([eE][+-]?\\d+)?$"_s);
+    if (!pattern.match(s).hasMatch() || !std::any_of(s.cbegin(), s.cend(), [](QChar c) { return c.isDigit(); }))
+        throw ConvertError(u"\"%1\" ist kein gültiger Gleitkommawert."_s.arg(text));
+    s.remove(f.ThousandSeparator);
+    s.replace(f.DecimalSeparator, u'.');
+    bool ok = false;
+    const double value = s.toDouble(&ok);
+    if (!ok)
+        throw ConvertError(u"\"%1\" ist kein gültiger Gleitkommawert."_s.arg(text));
+    return value;
+}
+
+QString generatorName(const SqlDialect &dialect, const QString &table, const QString &field)
+{
+    return dialect.shortName(u"GEN_"_s + table + u'_' + field);
+}
+
+void ensureGenerator(TCSqlConnection &connection, const QString &name)
+{
+    const SqlDialect &dialect = connection.dialect();
+    const QString existsSql = dialect.generatorExistsSql(name);
+    if (!existsSql.isEmpty()) {
+        const SqlResult result = connection.execute(existsSql);
+        if (!result.rows.empty() && result.rows.front().value(0).toLongLong() > 0)
+            return;
+    }
+    for (const QString &sql : dialect.createGeneratorSql(name))
+        connection.execute(sql);
+}
+
+} // namespace kx

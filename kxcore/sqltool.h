@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QDate>
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+class TCSqlConnection;
+
+// SQL helpers on the application's connection (compSqlConnection).
+
+// Runs one statement; throws kx::DatabaseError on failure.
+void SqlExec(const QString &sql);
+// The first column of the first row as text; empty when there is no row or the value is null.
+QString sqlGetValue(const QString &sql);
+// As sqlGetValue, converted to an integer; an empty result is 0.
+int sqlGetValueInt(const QString &sql);
+// A new unique row key of 32 characters.
+QString sqlGenIdValue();
+
+// The number as an SQL literal: "." as decimal separator, no quotes.
+QString sqlConvertFloat(double value);
+// A number text in the user's format settings, as an SQL literal; throws kx::ConvertError.
+QString sqlConvertFloat(const QString &text);
+// The date as ISO text yyyy-mm-dd, without quotes.
+QString sqlConvertDate(const QDate &date);
+QString sqlConvertDate(const QDateTime &dateTime);
+// A date text in the user's short date format (or ISO); the empty text for what does not read.
+QString sqlConvertDate(const QString &text);
+// The text with each single quote doubled, without enclosing quotes.
+QString sqlConvertString(const QString &text);
+
+// "NAME=value" pairs with values already converted (quoted where they are texts).
+QString SqlBuildInsertSql(const QString &table, const QStringList &pairs);
+QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const QString &where);
+
+// The next value of the generator of Table.Field, at least MinValue.
+int SqlGetNextValue(const QString &table, const QString &field, int minValue);
+// Sets the generator of Table.Field to Value; the next SqlGetNextValue returns Value + 1.
+void SqlAlterGen(const QString &table, const QString &field, int value);
+
+// A condition on Field that matches Value ("*" is a wildcard); empty for an empty Value.
+QString sqlConvertFormatStringToSQL(const QString &format, const QString &field, const QString &fieldType,
+                                    const QString &value, bool flag);
+// The search form of a postcode, town or street: upper case, umlauts and ß folded,
+// "Straße"/"Str." unified to "STR", blanks, dots and hyphens removed.
+QString SqlGetSelectFieldValue(const QString &text);
+
+// Table and column listings through INFORMATION_SCHEMA (servers that have it).
+QStringList GetTablenamesMSSql();
+QStringList GetFieldnamesMSSql(const QString &table);
+
+namespace kx {
+
+// Builds the "NAME=value" list of SqlBuildInsertSql and SqlBuildUpdateSql.
+class SqlValueList
+{
+public:
+    SqlValueList &add(const QString &name, const QString &sqlValue)
+    {
+        m_pairs << name + u'=' + sqlValue;
+        return *this;
+    }
+    // The value as a quoted text literal, quotes inside doubled.
+    SqlValueList &addText(const QString &name, const QString &text);
+    const QStringList &pairs() const { return m_pairs; }
+
+private:
+    QStringList m_pairs;
+};
+
+// The number in the user's format settings, as few digits as read back exactly.
+QString formatFloat(double value);
+// A number text in the user's format settings; throws kx::ConvertError.
+double parseFloat(const QString &text);
+class SqlDialect;
+// The name of the generator that counts Table.Field.
+QString generatorName(const SqlDialect &dialect, const QString &table, const QString &field);
+// Creates the generator when it does not exist yet.
+void ensureGenerator(TCSqlConnection &connection, const QString &name);
+
+} // namespace kx

@@ -1,0 +1,53 @@
+#include "strtools.h"
+
+#include "globals.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+bool hStrToBool(const QString &text)
+{
+    static const QStringList yes{ u"1"_s, u"-1"_s, u"T"_s, u"TRUE"_s, u"J"_s, u"JA"_s, u"Y"_s, u"YES"_s, u"WAHR"_s };
+    return yes.contains(text.trimmed().toUpper());
+}
+
+int hStrToInt(const QString &text, int defaultValue)
+{
+    bool ok = false;
+    const int value = text.trimmed().toInt(&ok);
+    return ok ? value : defaultValue;
+}
+
+QString GetNthString(const QString &text, int n, QChar separator)
+{
+    if (n < 1)
+        return {};
+    qsizetype start = 0;
+    for (int part = 1; part < n; ++part) {
+        const qsizetype next = text.indexOf(separator, start);
+        if (next < 0)
+            return {};
+        start = next + 1;
+    }
+    const qsizetype end = text.indexOf(separator, start);
+    return text.mid(start, end < 0 ? -1 : end - start);
+}
+
+QString GetFileFromSearchPath(const QString &fileName)
+{
+    if (fileName.isEmpty())
+        return {};
+    const QFileInfo direct(fileName);
+    if (direct.isAbsolute())
+        return direct.isFile() ? direct.absoluteFilePath() : QString();
+    for (const QString &folder : cSearchPathList) {
+        if (folder.isEmpty())
+            continue;
+        const QFileInfo candidate(QDir(folder), fileName);
+        if (candidate.isFile())
+            return candidate.absoluteFilePath();
+    }
+    return {};
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+// "1", "-1", "T", "TRUE", "J", "JA", "Y", "YES", "WAHR" (any case) read as true; all else false.
+bool hStrToBool(const QString &text);
+// The integer of the text, or Default when it does not read as one.
+int hStrToInt(const QString &text, int defaultValue = 0);
+// The N-th (1-based) part of Text between Separators; empty beyond the last part.
+QString GetNthString(const QString &text, int n, QChar separator = u';');
+// The full path of a file found in cSearchPathList (in order), or the name itself when it is
+// an existing path; empty when it is found nowhere.
+QString GetFileFromSearchPath(const QString &fileName);

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs the Debian packages the build, the tests and the database servers need.
+# As root it installs what is missing; otherwise it prints the command to run.
+set -euo pipefail
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase
+          libsqlite3-dev libpq-dev libgtest-dev libbenchmark-dev
+          postgresql firebird3.0-server firebird3.0-utils)
+missing=()
+for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+cmd="DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends ${missing[*]}"
+if [ "$(id -u)" -ne 0 ]; then
+    echo "Missing packages. Run as root:" >&2
+    echo "  apt-get update && $cmd" >&2
+    exit 1
+fi
+echo "Installing: ${missing[*]}"
+# The packaged services are not wanted: the tests start their own servers in a folder of their own.
+if [ ! -e /usr/sbin/policy-rc.d ]; then
+    printf '#!/bin/sh\nexit 101\n' > /usr/sbin/policy-rc.d && chmod +x /usr/sbin/policy-rc.d
+    trap 'rm -f /usr/sbin/policy-rc.d' EXIT
+fi
+apt-get update -q >/dev/null
+eval "$cmd"

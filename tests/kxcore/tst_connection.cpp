@@ -1,0 +1,109 @@
+// The connection on each product: autocommit, the one-statement rule, the trace, value types.
+#include "formatsettings.h"
+#include "sqlquery.h"
+#include "sqltool.h"
+#include "testdatabase.h"
+
+using namespace Qt::StringLiterals;
+using kxtest::exec;
+using kxtest::rows;
+
+namespace {
+
+class ConnectionTest : public kxtest::DatabaseTest
+{
+};
+
+TEST_F(ConnectionTest, EveryStatementIsCommittedOnItsOwn)
+{
+    exec(u"CREATE TABLE KXT_A (ID VARCHAR(10), N NUMERIC(10,0))"_s);
+    exec(u"INSERT INTO KXT_A (ID, N) VALUES ('a', 1)"_s);
+    EXPECT_THROW(SqlExec(u"INSERT INTO KXT_MISSING (ID) VALUES ('b')"_s), kx::DatabaseError);
+    exec(u"Commit"_s); // never fails for want of a transaction
+    // A second connection sees the row: it was committed, not merely kept in an open transaction.
+    TCSqlConnection other;
+    other.Open(m_connectionString);
+    const kx::SqlResult seen = other.execute(u"SELECT ID FROM KXT_A"_s);
+    ASSERT_EQ(seen.rows.size(), 1u);
+    EXPECT_EQ(seen.rows.front().value(0).toString(), u"a"_s);
+}
+
+TEST_F(ConnectionTest, ASecondStatementIsRefusedAndNotRun)
+{
+    exec(u"CREATE TABLE KXT_B (ID VARCHAR(10))"_s);
+    kx::SqlTraceCapture trace;
+    EXPECT_THROW(SqlExec(u"INSERT INTO KXT_B (ID) VALUES ('x'); DROP TABLE KXT_B"_s), kx::DatabaseError);
+    EXPECT_EQ(rows(u"SELECT count(*) FROM KXT_B"_s), QStringList{ u"0"_s });
+    EXPECT_TRUE(compSqlConnection->tableExists(u"KXT_B"_s));
+    EXPECT_EQ(trace.statements().first(), u"INSERT INTO KXT_B (ID) VALUES ('x'); DROP TABLE KXT_B"_s);
+}
+
+TEST_F(ConnectionTest, TraceShowsEveryTextAsSent)
+{
+    kx::SqlTraceCapture trace;
+    SqlExec(u"CREATE TABLE KXT_C (ID VARCHAR(10))"_s);
+    SqlExec(u"INSERT INTO KXT_C (ID) VALUES ('Straße')"_s);
+    EXPECT_THROW(SqlExec(u"SELECT nonsense FROM KXT_C"_s), kx::DatabaseError);
+    EXPECT_EQ(trace.statements(), (QStringList{ u"CREATE TABLE KXT_C (ID VARCHAR(10))"_s,
+                                                u"INSERT INTO KXT_C (ID) VALUES ('Straße')"_s,
+                                                u"SELECT nonsense FROM KXT_C"_s }));
+}
+
+TEST_F(ConnectionTest, FailureCarriesTheNativeText)
+{
+    try {
+        SqlExec(u"SELECT * FROM KXT_NOWHERE"_s);
+        FAIL() << "no error";
+    } catch (const kx::DatabaseError &e) {
+        EXPECT_FALSE(e.nativeText().isEmpty());
+        EXPECT_EQ(e.statement(), u"SELECT * FROM KXT_NOWHERE"_s);
+        EXPECT_TRUE(e.message().contains(e.nativeText()));
+    }
+}
+
+TEST_F(ConnectionTest, ValuesReadBackAlikeOnEveryProduct)
+{
+    exec(u"CREATE TABLE KXT_T (ID VARCHAR(43), N NUMERIC(10,0), P NUMERIC(15,2), D DATE, S VARCHAR(50))"_s);
+    exec(u"INSERT INTO KXT_T (ID, N, P, D, S) VALUES ('1', 7010, 12.5, '2026-11-22', 'Ölwehr ß')"_s);
+    exec(u"INSERT INTO KXT_T (ID) VALUES ('2')"_s);
+    TCSqlQuery query;
+    query.Connection = compSqlConnection;
+    query.SQL.Add(u"SELECT ID, N, P, D, S FROM KXT_T ORDER BY ID"_s);
+    query.Open();
+    ASSERT_EQ(query.RecordCount(), 2);
+    EXPECT_EQ(query.FieldByName(u"n"_s).AsInteger(), 7010);
+    EXPECT_EQ(query.FieldByName(u"N"_s).AsString(), u"7010"_s);
+    EXPECT_DOUBLE_EQ(query.FieldByName(u"P"_s).AsFloat(), 12.5);
+    EXPECT_EQ(query.FieldByName(u"P"_s).AsString(), u"12,5"_s);
+    EXPECT_EQ(query.FieldByName(u"D"_s).AsString(), u"22.11.2026"_s);
+    EXPECT_EQ(sqlConvertDate(query.FieldByName(u"D"_s).AsString()), u"2026-11-22"_s);
+    EXPECT_EQ(query.FieldByName(u"S"_s).AsString(), u"Ölwehr ß"_s);
+    query.Next();
+    EXPECT_FALSE(query.Eof());
+    EXPECT_TRUE(query.FieldByName(u"N"_s).IsNull());
+    EXPECT_EQ(query.FieldByName(u"D"_s).AsString(), QString());
+    query.Next();
+    EXPECT_TRUE(query.Eof());
+    EXPECT_THROW(query.FieldByName(u"NICHTDA"_s), kx::DatabaseError);
+}
+
+TEST_F(ConnectionTest, SingleValueLookups)
+{
+    exec(u"CREATE TABLE KXT_V (ID VARCHAR(10), N NUMERIC(10,0))"_s);
+    EXPECT_EQ(sqlGetValue(u"SELECT ID FROM KXT_V"_s), QString());
+    EXPECT_EQ(sqlGetValueInt(u"SELECT max(N) FROM KXT_V"_s), 0);
+    exec(u"INSERT INTO KXT_V (ID, N) VALUES ('x', 41)"_s);
+    exec(u"INSERT INTO KXT_V (ID) VALUES ('y')"_s);
+    EXPECT_EQ(sqlGetValueInt(u"SELECT max(N) FROM KXT_V"_s) + 1, 42);
+    EXPECT_EQ(sqlGetValue(u"SELECT N FROM KXT_V WHERE ID='y'"_s), QString());
+    EXPECT_EQ(sqlGetValue(u"SELECT ID FROM KXT_V WHERE N=41"_s), u"x"_s);
+}
+
+TEST_F(ConnectionTest, ClosedConnectionFailsClearly)
+{
+    compSqlConnection->Close();
+    EXPECT_THROW(SqlExec(u"SELECT 1"_s), kx::DatabaseError);
+    EXPECT_THROW(compSqlConnection->dialect(), kx::DatabaseError);
+}
+
+} // namespace

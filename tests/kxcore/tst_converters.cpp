@@ -1,0 +1,180 @@
+// The converters under German and English format settings.
+#include "formatsettings.h"
+#include "kxerror.h"
+#include "sqlquery.h"
+#include "sqltool.h"
+#include "testdatabase.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FormatScope
+{
+    explicit FormatScope(const TCFormatSettings &settings)
+        : saved(FormatSettings())
+    {
+        FormatSettings() = settings;
+    }
+    ~FormatScope() { FormatSettings() = saved; }
+    TCFormatSettings saved;
+};
+
+TEST(SqlConvertFloat, WritesPointAndShortestDigits)
+{
+    const struct {
+        double value;
+        QString expected;
+    } cases[] = {
+        { 2.5, u"2.5"_s },     { -0.0, u"0"_s },      { 0.1, u"0.1"_s },
+        { 1234567.891, u"1234567.891"_s }, { 1e20, u"100000000000000000000"_s }, { -12.0, u"-12"_s },
+    };
+    for (const TCFormatSettings &settings : { TCFormatSettings::german(), TCFormatSettings::english() }) {
+        FormatScope scope(settings);
+        for (const auto &c : cases)
+            EXPECT_EQ(sqlConvertFloat(c.value), c.expected) << c.value;
+    }
+    EXPECT_THROW(sqlConvertFloat(std::numeric_limits<double>::infinity()), kx::ConvertError);
+}
+
+TEST(SqlConvertFloat, ReadsTheLocalesNumberFormat)
+{
+    const struct {
+        TCFormatSettings settings;
+        QString text;
+        QString expected; // empty: a conversion error
+    } cases[] = {
+        { TCFormatSettings::german(), u"2,5"_s, u"2.5"_s },
+        { TCFormatSettings::german(), u"1.234,5"_s, u"1234.5"_s },
+        { TCFormatSettings::german(), u"1.234.567"_s, u"1234567"_s },
+        { TCFormatSettings::german(), u" -3 "_s, u"-3"_s },
+        { TCFormatSettings::german(), u"2.5"_s, {} },
+        { TCFormatSettings::german(), u"abc"_s, {} },
+        { TCFormatSettings::german(), u""_s, {} },
+        { TCFormatSettings::german(), u"-"_s, {} },
+        { TCFormatSettings::german(), u","_s, {} },
+        { TCFormatSettings::english(), u"2.5"_s, u"2.5"_s },
+        { TCFormatSettings::english(), u"1,234.5"_s, u"1234.5"_s },
+        { TCFormatSettings::english(), u"2,5"_s, {} },
+    };
+    for (const auto &c : cases) {
+        FormatScope scope(c.settings);
+        if (c.expected.isEmpty())
+            EXPECT_THROW(sqlConvertFloat(c.text), kx::ConvertError) << c.text.toStdString();
+        else
+            EXPECT_EQ(sqlConvertFloat(c.text), c.expected) << c.text.toStdString();
+    }
+}
+
+TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
+{
+    const struct {
+        TCFormatSettings settings;
+        QString text;
+        QString expected;
+    } cases[] = {
+        { TCFormatSettings::german(), u"22.11.2026"_s, u"2026-11-22"_s },
+        { TCFormatSettings::german(), u"1.2.2026"_s, u"2026-02-01"_s },
+        { TCFormatSettings::german(), u"22.11.26"_s, u"2026-11-22"_s },
+        { TCFormatSettings::german(), u"22.11.75"_s, u"1975-11-22"_s },
+        { TCFormatSettings::german(), u"22.11.2026 13:45:00"_s, u"2026-11-22"_s },
+        { TCFormatSettings::german(), u"2026-11-22"_s, u"2026-11-22"_s },
+        { TCFormatSettings::german(), u"31.02.2026"_s, u""_s },
+        { TCFormatSettings::german(), u"11/22/2026"_s, u""_s },
+        { TCFormatSettings::german(), u"abc"_s, u""_s },
+        { TCFormatSettings::german(), u""_s, u""_s },
+        { TCFormatSettings::english(), u"11/22/2026"_s, u"2026-11-22"_s },
+        { TCFormatSettings::english(), u"22.11.2026"_s, u""_s },
+    };
+    for (const auto &c : cases) {
+        FormatScope scope(c.settings);
+        EXPECT_EQ(sqlConvertDate(c.text), c.expected) << c.text.toStdString();
+    }
+    EXPECT_EQ(sqlConvertDate(QDate(2024, 2, 29)), u"2024-02-29"_s);
+    EXPECT_EQ(sqlConvertDate(QDateTime(QDate(2026, 1, 5), QTime(23, 59))), u"2026-01-05"_s);
+}
+
+TEST(SqlConvertString, DoublesQuotesOnly)
+{
+    EXPECT_EQ(sqlConvertString(u"O'Brien"_s), u"O''Brien"_s);
+    EXPECT_EQ(sqlConvertString(u"''"_s), u"''''"_s);
+    EXPECT_EQ(sqlConvertString(u"Straße; \"x\""_s), u"Straße; \"x\""_s);
+    EXPECT_EQ(sqlConvertString(QString()), QString());
+}
+
+TEST(SqlConvertFormatStringToSQL, BuildsAConditionOrNothing)
+{
+    const struct {
+        QString value;
+        QString expected;
+    } cases[] = {
+        { u""_s, u""_s },
+        { u"Köln"_s, u"ORT='Köln'"_s },
+        { u"O'Hara"_s, u"ORT='O''Hara'"_s },
+        { u"Kö*"_s, u"ORT like 'Kö%'"_s },
+        { u"M?nchen"_s, u"ORT like 'M_nchen'"_s },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(sqlConvertFormatStringToSQL(QString(), u"ORT"_s, u"Varchar"_s, c.value, false), c.expected);
+}
+
+TEST(SqlGetSelectFieldValue, FoldsStreetNames)
+{
+    const struct {
+        QString text;
+        QString expected;
+    } cases[] = {
+        { u"Hauptstraße"_s, u"HAUPTSTR"_s },
+        { u"Hauptstr."_s, u"HAUPTSTR"_s },
+        { u"Haupt-Str."_s, u"HAUPTSTR"_s },
+        { u"Straße des 17. Juni"_s, u"STRDES17JUNI"_s },
+        { u"Nieder-Ramstädter Str."_s, u"NIEDERRAMSTAEDTERSTR"_s },
+        { u"Öhringen"_s, u"OEHRINGEN"_s },
+        { u"Übersee"_s, u"UEBERSEE"_s },
+        { u""_s, u""_s },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(SqlGetSelectFieldValue(c.text), c.expected) << c.text.toStdString();
+}
+
+TEST(SqlBuild, InsertAndUpdateTexts)
+{
+    kx::SqlValueList row;
+    row.addText(u"ID"_s, u"a'b"_s).add(u"ANZAHL"_s, sqlConvertFloat(2.5)).add(u"EXPR"_s, u"x=1"_s);
+    EXPECT_EQ(SqlBuildInsertSql(u"LagerLog"_s, row.pairs()),
+              u"Insert into LagerLog (ID,ANZAHL,EXPR) values ('a''b',2.5,x=1)"_s);
+    EXPECT_EQ(SqlBuildUpdateSql(u"LagerLog"_s, row.pairs(), u"Where id='1'"_s),
+              u"Update LagerLog set ID='a''b',ANZAHL=2.5,EXPR=x=1 Where id='1'"_s);
+}
+
+TEST(QueryField, ReadsValuesInTheFormatSettings)
+{
+    const TCQueryField real(u"F"_s, QVariant(2.5));
+    const TCQueryField whole(u"F"_s, QVariant(qlonglong(7010)));
+    const TCQueryField date(u"F"_s, QVariant(QDate(2026, 11, 22)));
+    const TCQueryField text(u"F"_s, QVariant(u"12,75"_s));
+    const TCQueryField null(u"F"_s, QVariant());
+    {
+        FormatScope scope(TCFormatSettings::german());
+        EXPECT_EQ(real.AsString(), u"2,5"_s);
+        EXPECT_EQ(date.AsString(), u"22.11.2026"_s);
+        EXPECT_DOUBLE_EQ(text.AsFloat(), 12.75);
+    }
+    {
+        FormatScope scope(TCFormatSettings::english());
+        EXPECT_EQ(real.AsString(), u"2.5"_s);
+        EXPECT_EQ(date.AsString(), u"11/22/2026"_s);
+        EXPECT_THROW(text.AsFloat(), kx::ConvertError);
+    }
+    EXPECT_EQ(whole.AsString(), u"7010"_s);
+    EXPECT_EQ(whole.AsInteger(), 7010);
+    EXPECT_EQ(real.AsInteger(), 3); // rounds half away from zero
+    EXPECT_EQ(null.AsString(), QString());
+    EXPECT_EQ(null.AsInteger(), 0);
+    EXPECT_THROW(TCQueryField(u"F"_s, QVariant(qlonglong(1) << 40)).AsInteger(), kx::RangeError);
+    EXPECT_THROW(TCQueryField(u"F"_s, QVariant(u"zwölf"_s)).AsInteger(), kx::ConvertError);
+}
+
+} // namespace

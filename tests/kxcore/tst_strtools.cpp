@@ -1,0 +1,76 @@
+#include "globals.h"
+#include "msgdlg.h"
+#include "strtools.h"
+#include "testdatabase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(StrTools, StrToBool)
+{
+    for (const QString &yes : { u"1"_s, u"-1"_s, u"t"_s, u"True"_s, u"J"_s, u"ja"_s, u"Y"_s, u"yes"_s, u" WAHR "_s })
+        EXPECT_TRUE(hStrToBool(yes)) << yes.toStdString();
+    for (const QString &no : { u""_s, u"0"_s, u"F"_s, u"false"_s, u"nein"_s, u"2"_s, u"x"_s })
+        EXPECT_FALSE(hStrToBool(no)) << no.toStdString();
+}
+
+TEST(StrTools, StrToInt)
+{
+    EXPECT_EQ(hStrToInt(u"42"_s), 42);
+    EXPECT_EQ(hStrToInt(u" -7 "_s), -7);
+    EXPECT_EQ(hStrToInt(u"0002"_s), 2);
+    EXPECT_EQ(hStrToInt(u"4,5"_s, 9), 9);
+    EXPECT_EQ(hStrToInt(u""_s), 0);
+    EXPECT_EQ(hStrToInt(u"99999999999"_s, -1), -1);
+}
+
+TEST(StrTools, NthString)
+{
+    const QString line = u"Müller;\"Hauptstraße 1\";;12,5;"_s;
+    const struct {
+        int n;
+        QString expected;
+    } cases[] = { { 1, u"Müller"_s }, { 2, u"\"Hauptstraße 1\""_s }, { 3, u""_s }, { 4, u"12,5"_s },
+                  { 5, u""_s },       { 6, u""_s },                   { 0, u""_s }, { -1, u""_s } };
+    for (const auto &c : cases)
+        EXPECT_EQ(GetNthString(line, c.n), c.expected) << c.n;
+    EXPECT_EQ(GetNthString(u"a|b"_s, 2, u'|'), u"b"_s);
+}
+
+TEST(StrTools, FileFromSearchPath)
+{
+    QTemporaryDir first, second;
+    QFile(second.filePath(u"Vorlage Ä.docx"_s)).open(QIODevice::WriteOnly);
+    const QStringList saved = cSearchPathList;
+    cSearchPathList = { QString(), first.path(), second.path() };
+    EXPECT_EQ(GetFileFromSearchPath(u"Vorlage Ä.docx"_s), QDir(second.path()).absoluteFilePath(u"Vorlage Ä.docx"_s));
+    EXPECT_EQ(GetFileFromSearchPath(u"fehlt.docx"_s), QString());
+    EXPECT_EQ(GetFileFromSearchPath(QString()), QString());
+    EXPECT_EQ(GetFileFromSearchPath(second.filePath(u"Vorlage Ä.docx"_s)),
+              QDir(second.path()).absoluteFilePath(u"Vorlage Ä.docx"_s));
+    cSearchPathList = saved;
+}
+
+TEST(MsgDlg, HandlerIsReplaceable)
+{
+    QStringList shown;
+    const MsgDlgHandler previous = setMsgDlgHandler([&](const QString &text, TMsgDlgType, unsigned, int) {
+        shown << text;
+        return int(mrNo);
+    });
+    EXPECT_EQ(MsgDlg(u"Import abbrechen?"_s, TMsgDlgType::mtConfirmation, mbYesNo), mrNo);
+    EXPECT_EQ(shown, QStringList{ u"Import abbrechen?"_s });
+    setMsgDlgHandler(nullptr);
+    // Without a handler the first offered of Yes/OK/... is the answer.
+    EXPECT_EQ(MsgDlg(u"Hinweis"_s, TMsgDlgType::mtInformation, mbOK), mrOk);
+    EXPECT_EQ(MsgDlg(u"Frage"_s, TMsgDlgType::mtConfirmation, mbYesNoCancel), mrYes);
+    setMsgDlgHandler(previous);
+}
+
+} // namespace

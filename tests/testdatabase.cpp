@@ -1,0 +1,101 @@
+#include "testdatabase.h"
+
+#include "sqldialect.h"
+#include "sqlquery.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kxtest {
+
+QString product()
+{
+    const QString name = qEnvironmentVariable("KX_TEST_DB", u"sqlite"_s);
+    return name;
+}
+
+QString connectionString(QTemporaryDir &scratch)
+{
+    const QString name = product();
+    if (name == u"sqlite"_s)
+        return u"sqlite:"_s + scratch.filePath(u"test.db"_s);
+    if (name == u"postgres"_s)
+        return qEnvironmentVariable("KX_TEST_POSTGRES");
+    if (name == u"firebird"_s)
+        return qEnvironmentVariable("KX_TEST_FIREBIRD");
+    return {};
+}
+
+void emptyDatabase(TCSqlConnection &connection)
+{
+    const QString name = connection.dialect().productName();
+    for (const QString &table : connection.GetTableNames())
+        connection.execute(u"DROP TABLE "_s + table);
+    if (name == u"postgres"_s) {
+        for (const auto &row : connection.execute(u"select relname from pg_class where relkind='S'"_s).rows)
+            connection.execute(u"DROP SEQUENCE "_s + row.value(0).toString());
+    } else if (name == u"firebird"_s) {
+        const auto generators = connection.execute(
+            u"select trim(rdb$generator_name) from rdb$generators where coalesce(rdb$system_flag,0)=0"_s);
+        for (const auto &row : generators.rows)
+            connection.execute(u"DROP SEQUENCE "_s + row.value(0).toString());
+    }
+}
+
+void DatabaseTest::SetUp()
+{
+    m_connectionString = connectionString(m_scratch);
+    const bool ci = qEnvironmentVariable("CI") == u"true"_s;
+    if (m_connectionString.isEmpty()) {
+        const QString reason = u"database %1 not configured (KX_TEST_%2 unset)"_s.arg(product(), product().toUpper());
+        if (ci)
+            FAIL() << reason.toStdString() << " - in CI every database must run";
+        GTEST_SKIP() << reason.toStdString();
+    }
+    try {
+        compSqlConnection->Open(m_connectionString);
+        emptyDatabase(*compSqlConnection);
+    } catch (const kx::Error &e) {
+        const std::string reason = product().toStdString() + " not reachable: " + e.message().toStdString();
+        if (ci)
+            FAIL() << reason;
+        GTEST_SKIP() << reason;
+    }
+}
+
+void DatabaseTest::TearDown()
+{
+    compSqlConnection->Close();
+}
+
+kx::SqlResult exec(const QString &sql)
+{
+    try {
+        return compSqlConnection->execute(sql);
+    } catch (const kx::DatabaseError &e) {
+        ADD_FAILURE() << product().toStdString() << ": " << e.nativeText().toStdString() << "\n  in: " << sql.toStdString();
+        return {};
+    }
+}
+
+QStringList rows(const QString &sql)
+{
+    TCSqlQuery query;
+    query.Connection = compSqlConnection;
+    query.SQL.Add(sql);
+    QStringList result;
+    try {
+        query.Open();
+    } catch (const kx::DatabaseError &e) {
+        ADD_FAILURE() << product().toStdString() << ": " << e.nativeText().toStdString() << "\n  in: " << sql.toStdString();
+        return result;
+    }
+    for (; !query.Eof(); query.Next()) {
+        QStringList values;
+        for (int i = 0; i < query.FieldCount(); ++i)
+            values << query.Fields(i).AsString();
+        result << values.join(u'|');
+    }
+    return result;
+}
+
+} // namespace kxtest

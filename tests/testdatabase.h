@@ -1,0 +1,44 @@
+#pragma once
+
+#include "kxerror.h"
+#include "sqlconnection.h"
+
+#include <QString>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+
+// The database a test program runs on: KX_TEST_DB names the product ("sqlite" when unset);
+// KX_TEST_POSTGRES and KX_TEST_FIREBIRD hold the servers' connection strings.
+namespace kxtest {
+
+QString product();
+// The connection string for the product, or empty when its server is not configured.
+QString connectionString(QTemporaryDir &scratch);
+// Drops every table and generator, so each test starts on an empty database.
+void emptyDatabase(TCSqlConnection &connection);
+
+// Opens compSqlConnection on an empty database of the chosen product. A product whose server
+// is not there is a named skip locally and a failure in CI.
+class DatabaseTest : public ::testing::Test
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    QString m_connectionString;
+    QTemporaryDir m_scratch;
+};
+
+// Runs a statement and fails the test with the product and the native error text.
+kx::SqlResult exec(const QString &sql);
+// The rows of a query, each as its values' texts joined by "|".
+QStringList rows(const QString &sql);
+
+} // namespace kxtest
+
+// Prints QStrings in assertion messages.
+inline void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << '"' << text.toStdString() << '"';
+}
