@@ -55,7 +55,8 @@ CONF
     echo "create or alter user SYSDBA password '$fb_password' using plugin Srp; commit;" \
         | fb_env isql-fb -q -user SYSDBA "$fb/security3.fdb" >"$fb/setup.log" 2>&1 \
         || { cat "$fb/setup.log" >&2; return 1; }
-    fb_env nohup /usr/sbin/firebird >"$fb/server.log" 2>&1 &
+    # env and nohup exec the server, so $! is the server's own process id.
+    env FIREBIRD="$fb" FIREBIRD_LOCK="$fb/lock" FIREBIRD_TMP="$fb" nohup /usr/sbin/firebird >"$fb/server.log" 2>&1 &
     echo $! >"$fb/pid"
     for _ in $(seq 1 50); do
         (exec 3<>"/dev/tcp/127.0.0.1/$fb_port") 2>/dev/null && break
