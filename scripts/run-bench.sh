@@ -4,12 +4,9 @@ set -uo pipefail
 build=${1:?build folder}
 only=${2:-}
 root=$(cd "$(dirname "$0")/.." && pwd)
-dbdir=$root/.dbtest
-trap '"$root/scripts/testdb.sh" stop "$dbdir"' EXIT
-"$root/scripts/testdb.sh" start "$dbdir" || echo "testdb: not every database server started; its figures are skipped"
-# shellcheck disable=SC1091
-source "$dbdir/env"
-export KX_TEST_POSTGRES="${KX_TEST_POSTGRES:-}" KX_TEST_FIREBIRD="${KX_TEST_FIREBIRD:-}"
+if [ "${KX_IN_TESTDB:-}" != 1 ]; then
+    KX_IN_TESTDB=1 exec "$root/scripts/testdb.sh" run "$root/.dbtest" "$0" "$@"
+fi
 echo "Machine: $(nproc) cores, $(free -g | awk '/^Mem:/ {print $2}') GiB, $(grep -m1 'model name' /proc/cpuinfo | cut -d: -f2 | xargs)"
 status=0
 for program in "$build"/bench/bench_*; do

@@ -3,6 +3,8 @@
 # folder of their own (no system service, nothing left behind).
 #   testdb.sh start DIR   starts both, creates the test databases, writes DIR/env
 #   testdb.sh stop DIR    stops both and removes DIR
+#   testdb.sh run DIR CMD...  starts both, runs CMD with KX_TEST_POSTGRES and KX_TEST_FIREBIRD
+#                         set for the servers that started, stops both, exits with CMD's status
 # DIR/env sets KX_TEST_POSTGRES and KX_TEST_FIREBIRD for the servers that started.
 set -uo pipefail
 action=${1:?start or stop}
@@ -95,8 +97,22 @@ start)
 stop)
     stop_all
     ;;
+run)
+    shift 2
+    trap stop_all EXIT
+    stop_all
+    mkdir -p "$dir"
+    : >"$dir/env"
+    start_postgres || echo "testdb: PostgreSQL did not start; its tests and figures will say so" >&2
+    start_firebird || echo "testdb: Firebird did not start; its tests and figures will say so" >&2
+    # shellcheck disable=SC1091
+    source "$dir/env"
+    export KX_TEST_POSTGRES="${KX_TEST_POSTGRES:-}" KX_TEST_FIREBIRD="${KX_TEST_FIREBIRD:-}"
+    "$@"
+    exit $?
+    ;;
 *)
-    echo "usage: testdb.sh start|stop DIR" >&2
+    echo "usage: testdb.sh start|stop DIR | run DIR CMD..." >&2
     exit 2
     ;;
 esac
