@@ -13,7 +13,7 @@ extern QStringList cSearchPathList;
 extern int cDBSystem;
 extern bool cEnableBinarySave;
 extern bool cPlzOrtStrasseAsTriple;
-// Path of the local INI file with the workstation's settings (symbols, scanner).
+// Path of the local INI file with the workstation's settings (symbols, scanner); read it with TCIniFile.
 extern QString cDatabaseIni;
 
 // The signed-in user.
