@@ -2,12 +2,12 @@
 
 #include "dataaccess.h"
 #include "globals.h"
+#include "kxerror.h"
 #include "sqlconnection.h"
 #include "sqltool.h"
 #include "strtools.h"
 
 #include <QSysInfo>
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -51,25 +51,27 @@ QString TCParameter::scopeKey(TCParameterScope scope)
     }
 }
 
-void TCParameter::ensureTable()
+template<class Work>
+auto TCParameter::withTable(Work &&work)
 {
-    // Once per opened database: creating is idempotent but costs catalog look-ups.
-    static QSet<QString> prepared;
-    const QString database = compSqlConnection->connectionString();
-    if (prepared.contains(database))
-        return;
+    // The table is made on first use: try first, so that reads cost no catalog look-up.
+    try {
+        return work();
+    } catch (const kx::DatabaseError &) {
+        if (compSqlConnection->tableExists(parameterTable().Tablename))
+            throw;
+    }
     TCDataAccess definition(parameterTable(), nullptr);
     definition.Connection = compSqlConnection;
     definition.AlterOrCreateTable(true);
-    prepared.insert(database);
+    return work();
 }
 
 QString TCParameter::Read(const QString &section, const QString &key, const QString &defaultValue,
                           TCParameterScope scope)
 {
-    ensureTable();
-    const kx::SqlResult result = compSqlConnection->execute(u"select PVALUE from SYSPARAMETER"_s
-                                                            + condition(section, key, scopeKey(scope)));
+    const QString sql = u"select PVALUE from SYSPARAMETER"_s + condition(section, key, scopeKey(scope));
+    const kx::SqlResult result = withTable([&] { return compSqlConnection->execute(sql); });
     if (result.rows.empty())
         return defaultValue;
     return result.rows.front().value(0).toString();
@@ -83,10 +85,9 @@ bool TCParameter::ReadBool(const QString &section, const QString &key, bool defa
 
 void TCParameter::Write(const QString &section, const QString &key, const QString &value, TCParameterScope scope)
 {
-    ensureTable();
-    const QString where = condition(section, key, scopeKey(scope));
-    const kx::SqlResult updated = compSqlConnection->execute(u"update SYSPARAMETER set PVALUE='"_s
-                                                             + sqlConvertString(value) + u'\'' + where);
+    const QString sql = u"update SYSPARAMETER set PVALUE='"_s + sqlConvertString(value) + u'\''
+        + condition(section, key, scopeKey(scope));
+    const kx::SqlResult updated = withTable([&] { return compSqlConnection->execute(sql); });
     if (updated.rowsAffected > 0)
         return;
     kx::SqlValueList row;

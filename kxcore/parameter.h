@@ -25,5 +25,6 @@ public:
 
 private:
     static QString scopeKey(TCParameterScope scope);
-    void ensureTable();
+    template<class Work>
+    auto withTable(Work &&work);
 };

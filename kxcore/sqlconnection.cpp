@@ -4,6 +4,7 @@
 #include "kxerror.h"
 #include "sqldialect.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -67,8 +68,15 @@ void TCSqlConnection::Open(const QString &connectionString)
     else
         m_driver = kx::openFirebirdDriver(parameters);
     m_connectionString = connectionString;
-    if (this == compSqlConnection)
+    if (this == compSqlConnection) {
         cDBSystem = m_driver->dialect().dbSystem();
+        // Client libraries must be let go of while the application object still lives.
+        static bool closeRegistered = false;
+        if (!closeRegistered && QCoreApplication::instance()) {
+            qAddPostRoutine([] { compSqlConnection->Close(); });
+            closeRegistered = true;
+        }
+    }
 }
 
 void TCSqlConnection::Close()
