@@ -10,6 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString writeIni(const QTemporaryDir &dir, const QByteArray &content)
+{
+    const QString path = dir.filePath(u"kxdb.ini"_s);
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(content);
+    return path;
+}
+
 QString readAll(const QString &path)
 {
     QFile file(path);
@@ -20,11 +29,8 @@ QString readAll(const QString &path)
 TEST(IniFile, ReadsWithoutRegardToCase)
 {
     QTemporaryDir dir;
-    const QString path = dir.filePath(u"kxdb.ini"_s);
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write("; Arbeitsplatz\r\n[Scanner]\r\nQuelle = Flachbett \r\nDPI=300\r\n\r\n[Symbole]\r\nPfad=C:\\Lage\\Symbole\r\nAktiv=ja\r\n");
-    file.close();
+    const QString path = writeIni(dir, "; Arbeitsplatz\r\n[Scanner]\r\nQuelle = Flachbett \r\nDPI=300\r\n\r\n"
+                                       "[Symbole]\r\nPfad=C:\\Lage\\Symbole\r\nAktiv=ja\r\n");
     const TCIniFile ini(path);
     const struct {
         QString section, key, expected;
@@ -44,11 +50,7 @@ TEST(IniFile, ReadsWithoutRegardToCase)
 TEST(IniFile, WritesKeepCommentsOrderAndSpelling)
 {
     QTemporaryDir dir;
-    const QString path = dir.filePath(u"kxdb.ini"_s);
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write("; Kommentar\n[Scanner]\nQuelle=Flachbett\n\n[Symbole]\nPfad=/lage\n");
-    file.close();
+    const QString path = writeIni(dir, "; Kommentar\n[Scanner]\nQuelle=Flachbett\n\n[Symbole]\nPfad=/lage\n");
     TCIniFile ini(path);
     ini.WriteString(u"SCANNER"_s, u"QUELLE"_s, u"Einzug"_s);
     ini.WriteInteger(u"scanner"_s, u"DPI"_s, 600);
