@@ -105,10 +105,33 @@ TCSqlConnection &TCSqlQuery::connection() const
     return *Connection;
 }
 
+TCParam &TCSqlQuery::ParamByName(const QString &name)
+{
+    for (auto &[paramName, param] : m_params) {
+        if (paramName.compare(name, Qt::CaseInsensitive) == 0)
+            return param;
+    }
+    m_params.append({ name, TCParam() });
+    return m_params.last().second;
+}
+
+QString TCSqlQuery::statementText() const
+{
+    if (m_params.isEmpty())
+        return SQL.Text();
+    return kx::bindParameters(SQL.Text(), [this](const QString &name) -> const TCParam * {
+        for (const auto &[paramName, param] : m_params) {
+            if (paramName.compare(name, Qt::CaseInsensitive) == 0)
+                return &param;
+        }
+        return nullptr;
+    });
+}
+
 void TCSqlQuery::Open()
 {
     Close();
-    m_result = connection().execute(SQL.Text());
+    m_result = connection().execute(statementText());
     m_row = 0;
     m_active = true;
 }
@@ -123,7 +146,7 @@ void TCSqlQuery::Close()
 void TCSqlQuery::ExecSQL(bool)
 {
     Close();
-    connection().execute(SQL.Text());
+    connection().execute(statementText());
 }
 
 void TCSqlQuery::ExecSQLNoReplicate(bool)
@@ -154,3 +177,63 @@ TCQueryField TCSqlQuery::Fields(int index) const
         return TCQueryField(m_result.columns.at(index), QVariant());
     return TCQueryField(m_result.columns.at(index), m_result.rows[m_row].at(index));
 }
+
+namespace kx {
+
+namespace {
+QString literal(const QVariant &value)
+{
+    if (value.isNull() || !value.isValid())
+        return u"NULL"_s;
+    switch (value.typeId()) {
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+        return QString::number(value.toLongLong());
+    case QMetaType::Double:
+        return sqlConvertFloat(value.toDouble());
+    case QMetaType::QDate:
+        return u'\'' + sqlConvertDate(value.toDate()) + u'\'';
+    default:
+        return u'\'' + sqlConvertString(value.toString()) + u'\'';
+    }
+}
+
+bool isNameChar(QChar c)
+{
+    return c.isLetterOrNumber() || c == u'_' || c == u'$';
+}
+} // namespace
+
+QString bindParameters(const QString &sql, const std::function<const TCParam *(const QString &)> &lookup)
+{
+    QString out;
+    out.reserve(sql.size() + 32);
+    const qsizetype n = sql.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = sql.at(i);
+        if (c == u'\'' || c == u'"') {
+            const qsizetype start = i;
+            for (++i; i < n && sql.at(i) != c; ++i) {
+            }
+            out += QStringView(sql).mid(start, qMin(i, n - 1) - start + 1);
+        } else if (c == u':' && i + 1 < n && sql.at(i + 1) == u':') {
+            out += u"::"_s;
+            ++i;
+        } else if (c == u':' && i + 1 < n && (sql.at(i + 1).isLetter() || sql.at(i + 1) == u'_')) {
+            qsizetype end = i + 1;
+            while (end < n && isNameChar(sql.at(end)))
+                ++end;
+            const QString name = sql.mid(i + 1, end - i - 1);
+            const TCParam *param = lookup(name);
+            if (!param || !param->IsSet())
+                throw DatabaseError(u"Der Parameter '%1' hat keinen Wert."_s.arg(name), sql);
+            out += literal(param->Value());
+            i = end - 1;
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
+} // namespace kx

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
+#include <utility>
 
 class TCSqlConnection;
 
@@ -48,6 +50,23 @@ private:
     QVariant m_value;
 };
 
+// A parameter ":NAME" of a query's text; its value is written into the text as a literal.
+class TCParam
+{
+public:
+    void setAsString(const QString &value) { m_value = value; }
+    void setAsInteger(qint64 value) { m_value = value; }
+    void setAsFloat(double value) { m_value = value; }
+    void setAsDate(const QDate &value) { m_value = value; }
+    void Clear() { m_value = QVariant(); m_set = true; }
+    const QVariant &Value() const { return m_value; }
+    bool IsSet() const { return m_set || m_value.isValid(); }
+
+private:
+    QVariant m_value;
+    bool m_set = false;
+};
+
 // A query on a connection: set SQL, then Open (rows) or ExecSQL (no rows).
 class TCSqlQuery : public QObject
 {
@@ -78,10 +97,23 @@ public:
     TCQueryField FieldByName(const QString &name) const;
     TCQueryField Fields(int index) const;
 
+    // The parameter of that name (case-insensitive), made on first use.
+    TCParam &ParamByName(const QString &name);
+
 private:
     TCSqlConnection &connection() const;
 
+    QString statementText() const;
+
+    QList<std::pair<QString, TCParam>> m_params;
     kx::SqlResult m_result;
     size_t m_row = 0;
     bool m_active = false;
 };
+
+namespace kx {
+// The text with every ":NAME" outside literals and quoted names replaced by the
+// value's SQL literal (texts quoted with quotes doubled, NULL for a cleared value); "::" is
+// left alone. Throws DatabaseError for a parameter without a value.
+QString bindParameters(const QString &sql, const std::function<const TCParam *(const QString &)> &lookup);
+} // namespace kx

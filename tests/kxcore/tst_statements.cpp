@@ -1,6 +1,7 @@
 // The one-statement rule and the connection string, without a server.
 #include "kxerror.h"
 #include "sqlconnection.h"
+#include "sqlquery.h"
 #include "testdatabase.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,36 @@ TEST(Connection, NotOpenFailsWithAClearError)
     } catch (const kx::DatabaseError &e) {
         EXPECT_TRUE(e.message().startsWith(u"Keine Datenbankverbindung geöffnet."_s));
     }
+}
+
+} // namespace
+
+namespace {
+
+TEST(BindParameters, WritesLiteralsOutsideQuotes)
+{
+    TCSqlQuery query;
+    query.ParamByName(u"ID"_s).setAsString(u"O'Neill"_s);
+    query.ParamByName(u"no"_s).setAsInteger(12);
+    query.ParamByName(u"P"_s).setAsFloat(2.5);
+    query.ParamByName(u"D"_s).setAsDate(QDate(2026, 11, 22));
+    query.ParamByName(u"N"_s).Clear();
+    auto lookup = [&](const QString &name) { return &query.ParamByName(name); };
+    const struct {
+        QString sql;
+        QString expected;
+    } cases[] = {
+        { u"values(:ID, :NO,:p)"_s, u"values('O''Neill', 12,2.5)"_s },
+        { u"where d=:D and n=:N"_s, u"where d='2026-11-22' and n=NULL"_s },
+        { u"select ':ID' from t where x=:id"_s, u"select ':ID' from t where x='O''Neill'"_s },
+        { u"select a::text from t"_s, u"select a::text from t"_s },
+        { u"select 1"_s, u"select 1"_s },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(kx::bindParameters(c.sql, lookup), c.expected) << c.sql.toStdString();
+    TCSqlQuery empty;
+    EXPECT_THROW(kx::bindParameters(u"x=:MISSING"_s, [&](const QString &name) { return &empty.ParamByName(name); }),
+                 kx::DatabaseError);
 }
 
 } // namespace

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "holder.h"
+
+#include <QPointer>
+
+class TCDataAccess;
+class TCSqlQuery;
+
+// Holder of the system tables: one definition per table and two queries, in declaration order.
+class TSysCommonForm : public THolderForm
+{
+    Q_OBJECT
+
+public:
+    explicit TSysCommonForm(QObject *owner);
+
+    TCDataAccess *SysDef_Dialog;
+    TCDataAccess *SysDef_Replicate;
+    TCDataAccess *SysDef_System;
+    TCDataAccess *SysDef_GlobalReplicate;
+    TCDataAccess *SysDef_DataLink;
+    TCSqlQuery *Dataquery;
+    TCDataAccess *SysDef_Replicate2;
+    TCDataAccess *SysDef_ReplicateLog2;
+    TCDataAccess *SysDef_Replicate3;
+    TCDataAccess *SysDef_Replicate3Clients;
+    TCDataAccess *USBRel64Data;
+    TCDataAccess *USBRel64Settings;
+    TCDataAccess *cdtcs_LagerLog;
+    TCDataAccess *OfficeTableMapping;
+    TCSqlQuery *DataQuery1;
+    TCDataAccess *cdtcs_LagerLogMonth;
+    TCDataAccess *cdaBinaryData;
+};
+
+extern QPointer<TSysCommonForm> SysCommonForm;
+
+// Creates or alters all system tables, empties the data links and seeds USBRel64Data.
+void Sys_CreateData();
+// Gives every column of every table that has none yet its office name "T<table>_F<field>".
+void CreateTableOfficeDefinition();
