@@ -41,3 +41,4 @@ void registerCommand(CliCommand command);
 
 // Registered by each group's source file.
 void registerRegistryCommands();
+void registerSysCommands();

@@ -69,6 +69,7 @@ int main(int argc, char *argv[])
     QTextStream out(stdout);
     QTextStream err(stderr);
     registerRegistryCommands();
+    registerSysCommands();
 
     CliContext context;
     context.database = defaultDatabase;

@@ -60,6 +60,7 @@ CONF
     # env and nohup exec the server, so $! is the server's own process id.
     env FIREBIRD="$fb" FIREBIRD_LOCK="$fb/lock" FIREBIRD_TMP="$fb" nohup /usr/sbin/firebird >"$fb/server.log" 2>&1 &
     echo $! >"$fb/pid"
+    disown # its end must not be reported after the tests' closing line
     for _ in $(seq 1 50); do
         (exec 3<>"/dev/tcp/127.0.0.1/$fb_port") 2>/dev/null && break
         sleep 0.2
@@ -78,7 +79,7 @@ stop_all() {
         local pid
         pid=$(cat "$dir/fb/pid")
         kill "$pid" 2>/dev/null
-        for _ in $(seq 1 50); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
+        for _ in $(seq 1 100); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
         kill -9 "$pid" 2>/dev/null
     fi
     rm -rf "$dir"
@@ -99,7 +100,7 @@ stop)
     ;;
 run)
     shift 2
-    trap stop_all EXIT
+    trap 'stop_all >/dev/null 2>&1' EXIT
     stop_all
     mkdir -p "$dir"
     : >"$dir/env"

@@ -73,6 +73,18 @@ TEST_F(CliTest, ErrorsGoToStandardErrorWithExitCodes)
     }
 }
 
+TEST_F(CliTest, SystemTablesOnceThenTheSeedsRefuse)
+{
+    const CliRun first = invoke({ u"sys"_s, u"init"_s });
+    EXPECT_EQ(first.exitCode, 0) << first.err.toStdString();
+    const CliRun second = invoke({ u"sys"_s, u"init"_s });
+    EXPECT_EQ(second.exitCode, 1);
+    EXPECT_TRUE(second.err.contains(u"USBRel64Data"_s)) << second.err.toStdString();
+    const CliRun mapped = invoke({ u"--json"_s, u"sys"_s, u"office-map"_s });
+    EXPECT_EQ(mapped.exitCode, 0) << mapped.err.toStdString();
+    EXPECT_TRUE(QJsonDocument::fromJson(mapped.out.toUtf8()).object()[u"done"_s].toBool());
+}
+
 TEST_F(CliTest, HelpEverywhere)
 {
     const CliRun general = invoke({ u"--help"_s }, false);
