@@ -7,6 +7,13 @@
 
 using namespace Qt::StringLiterals;
 
+void alterOrCreateTable(const TCTableDef &table, TCSqlConnection *connection)
+{
+    TCDataAccess definition(table, nullptr);
+    definition.Connection = connection;
+    definition.AlterOrCreateTable(true);
+}
+
 const QList<TCRight> &standardRights()
 {
     static const QList<TCRight> rights{

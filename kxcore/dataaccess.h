@@ -77,6 +77,9 @@ struct TCTableDef
     QList<TCRight> Rights;
 };
 
+// Creates or alters a table of the platform's own from its definition (AlterOrCreateTable).
+void alterOrCreateTable(const TCTableDef &table, TCSqlConnection *connection);
+
 // The suite's standard rights list (in its order).
 const QList<TCRight> &standardRights();
 

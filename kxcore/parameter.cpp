@@ -61,9 +61,7 @@ auto TCParameter::withTable(Work &&work)
         if (compSqlConnection->tableExists(parameterTable().Tablename))
             throw;
     }
-    TCDataAccess definition(parameterTable(), nullptr);
-    definition.Connection = compSqlConnection;
-    definition.AlterOrCreateTable(true);
+    alterOrCreateTable(parameterTable(), compSqlConnection);
     return work();
 }
 

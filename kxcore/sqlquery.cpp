@@ -105,12 +105,19 @@ TCSqlConnection &TCSqlQuery::connection() const
     return *Connection;
 }
 
+const TCParam *TCSqlQuery::findParam(const QString &name) const
+{
+    for (const auto &[paramName, param] : m_params) {
+        if (paramName.compare(name, Qt::CaseInsensitive) == 0)
+            return &param;
+    }
+    return nullptr;
+}
+
 TCParam &TCSqlQuery::ParamByName(const QString &name)
 {
-    for (auto &[paramName, param] : m_params) {
-        if (paramName.compare(name, Qt::CaseInsensitive) == 0)
-            return param;
-    }
+    if (const TCParam *found = findParam(name))
+        return const_cast<TCParam &>(*found);
     m_params.append({ name, TCParam() });
     return m_params.last().second;
 }
@@ -119,13 +126,7 @@ QString TCSqlQuery::statementText() const
 {
     if (m_params.isEmpty())
         return SQL.Text();
-    return kx::bindParameters(SQL.Text(), [this](const QString &name) -> const TCParam * {
-        for (const auto &[paramName, param] : m_params) {
-            if (paramName.compare(name, Qt::CaseInsensitive) == 0)
-                return &param;
-        }
-        return nullptr;
-    });
+    return kx::bindParameters(SQL.Text(), [this](const QString &name) { return findParam(name); });
 }
 
 void TCSqlQuery::Open()

@@ -104,6 +104,7 @@ private:
     TCSqlConnection &connection() const;
 
     QString statementText() const;
+    const TCParam *findParam(const QString &name) const;
 
     QList<std::pair<QString, TCParam>> m_params;
     kx::SqlResult m_result;

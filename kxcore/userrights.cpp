@@ -22,13 +22,6 @@ const TCTableDef &rightsTable()
     return table;
 }
 
-void ensureRightsTable()
-{
-    TCDataAccess definition(rightsTable(), nullptr);
-    definition.Connection = compSqlConnection;
-    definition.AlterOrCreateTable(true);
-}
-
 void addRight(int modulId, const QString &modulName, const QString &table, int number, const QString &caption,
               bool flag)
 {
@@ -50,7 +43,7 @@ void addRight(int modulId, const QString &modulName, const QString &table, int n
 
 void usr_AddModulRecht(int modulId, const QString &modulName, bool flag)
 {
-    ensureRightsTable();
+    alterOrCreateTable(rightsTable(), compSqlConnection);
     // The module's own access right: no table, number 0.
     addRight(modulId, modulName, QString(), 0, modulName, flag);
 }
@@ -59,7 +52,7 @@ void usr_AddRechte(int modulId, const QString &modulName, TCDataAccess *mainTabl
 {
     if (!mainTable)
         return;
-    ensureRightsTable();
+    alterOrCreateTable(rightsTable(), compSqlConnection);
     const QString table = mainTable->Tablename.toUpper();
     for (const TCRight &right : mainTable->Rights)
         addRight(modulId, modulName, table, right.Number, right.Caption, flag);

@@ -85,15 +85,21 @@ stop_all() {
     rm -rf "$dir"
 }
 
-case $action in
-start)
+# Starts both on a clean folder; fails when either did not start (the other keeps running).
+start_all() {
+    local status=0
     stop_all
     mkdir -p "$dir"
     : >"$dir/env"
-    status=0
-    start_postgres || { echo "testdb: PostgreSQL did not start" >&2; status=1; }
-    start_firebird || { echo "testdb: Firebird did not start" >&2; status=1; }
-    exit $status
+    start_postgres || { echo "testdb: PostgreSQL did not start; its tests and figures will say so" >&2; status=1; }
+    start_firebird || { echo "testdb: Firebird did not start; its tests and figures will say so" >&2; status=1; }
+    return $status
+}
+
+case $action in
+start)
+    start_all
+    exit $?
     ;;
 stop)
     stop_all
@@ -101,11 +107,7 @@ stop)
 run)
     shift 2
     trap 'stop_all >/dev/null 2>&1' EXIT
-    stop_all
-    mkdir -p "$dir"
-    : >"$dir/env"
-    start_postgres || echo "testdb: PostgreSQL did not start; its tests and figures will say so" >&2
-    start_firebird || echo "testdb: Firebird did not start; its tests and figures will say so" >&2
+    start_all
     # shellcheck disable=SC1091
     source "$dir/env"
     export KX_TEST_POSTGRES="${KX_TEST_POSTGRES:-}" KX_TEST_FIREBIRD="${KX_TEST_FIREBIRD:-}"
