@@ -16,6 +16,10 @@ public:
     // The value of cDBSystem for this product.
     virtual int dbSystem() const = 0;
     virtual int maxIdentifierLength() const { return 31; }
+    // Whether every SET assignment of an UPDATE reads the row as it was before the statement
+    // (so "set a=a+1, b=a" leaves b at the old a). All three products here do; a product that
+    // reads the assignments in order would return false.
+    virtual bool updateReadsOldRow() const { return true; }
 
     // The product's column type for a type text of a table definition ("Varchar(43)", "Date", ...).
     QString columnType(const QString &definitionType) const;

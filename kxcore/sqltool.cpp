@@ -153,6 +153,9 @@ QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const 
     QStringList assignments;
     for (const QString &pair : pairs) {
         const qsizetype eq = pair.indexOf(u'=');
+        // A row's key never changes under an update: child rows and links point at it.
+        if (pair.left(eq).compare(u"ID"_s, Qt::CaseInsensitive) == 0)
+            continue;
         assignments << (eq < 0 ? pair + u"=NULL"_s : pair);
     }
     return u"Update "_s + table + u" set "_s + assignments.join(u',') + u' ' + where;
@@ -227,6 +230,17 @@ QStringList GetFieldnamesMSSql(const QString &table)
 }
 
 namespace kx {
+
+SqlValueList &SqlValueList::set(const QString &name, const QString &sqlValue)
+{
+    for (QString &pair : m_pairs) {
+        if (pair.section(u'=', 0, 0).compare(name, Qt::CaseInsensitive) == 0) {
+            pair = pair.section(u'=', 0, 0) + u'=' + sqlValue;
+            return *this;
+        }
+    }
+    return add(name, sqlValue);
+}
 
 SqlValueList &SqlValueList::addText(const QString &name, const QString &text)
 {

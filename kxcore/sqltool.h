@@ -32,6 +32,7 @@ QString sqlConvertString(const QString &text);
 
 // "NAME=value" pairs with values already converted (quoted where they are texts).
 QString SqlBuildInsertSql(const QString &table, const QStringList &pairs);
+// The update leaves out the pair named ID: it sets every other column of the list.
 QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const QString &where);
 
 // The next value of the generator of Table.Field, at least MinValue.
@@ -61,6 +62,11 @@ public:
         m_pairs << name + u'=' + sqlValue;
         return *this;
     }
+    // Replaces the value of the pair of that name (names compare without case) where it stands,
+    // or adds the pair at the end.
+    SqlValueList &set(const QString &name, const QString &sqlValue);
+    // Removes every pair.
+    void clear() { m_pairs.clear(); }
     // The value as a quoted text literal, quotes inside doubled.
     SqlValueList &addText(const QString &name, const QString &text);
     const QStringList &pairs() const { return m_pairs; }

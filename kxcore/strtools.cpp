@@ -1,6 +1,8 @@
 #include "strtools.h"
 
 #include "globals.h"
+#include "kxerror.h"
+#include "sqltool.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +20,15 @@ int hStrToInt(const QString &text, int defaultValue)
     bool ok = false;
     const int value = text.trimmed().toInt(&ok);
     return ok ? value : defaultValue;
+}
+
+double StrToFloatDef(const QString &text, double defaultValue)
+{
+    try {
+        return kx::parseFloat(text);
+    } catch (const kx::ConvertError &) {
+        return defaultValue;
+    }
 }
 
 QString GetNthString(const QString &text, int n, QChar separator)

@@ -6,6 +6,9 @@
 bool hStrToBool(const QString &text);
 // The integer of the text, or Default when it does not read as one.
 int hStrToInt(const QString &text, int defaultValue = 0);
+// The number of a text in the user's format settings, or Default when it does not read as one
+// (the empty text included).
+double StrToFloatDef(const QString &text, double defaultValue);
 // The N-th (1-based) part of Text between Separators; empty beyond the last part.
 QString GetNthString(const QString &text, int n, QChar separator = u';');
 // The full path of a file found in cSearchPathList (in order), or the name itself when it is

@@ -304,7 +304,8 @@ const TCTableDef &LagerLog()
             { u"IDAUSGABE"_s, u"Varchar(33)"_s },
             { u"OUT_IDBELEGNUMMERIN"_s, u"Numeric(10,0)"_s },
         },
-        { },
+        // Serves the look-up of an article's open receipts on every issue.
+        { { u"LagerLogArtikelIDX"_s, false, u"IDARTIKEL,INCOUNTAVAIL"_s } },
         systemRights() };
     return table;
 }
@@ -350,7 +351,8 @@ const TCTableDef &LagerLogMonth()
             { u"UID"_s, u"Varchar(33)"_s, fIndex },
             { u"SID"_s, u"Varchar(33)"_s, fIndex },
         },
-        { },
+        // Serves the look-up of the article's balance of the month on every booking.
+        { { u"LagerLogMonthArtikelIDX"_s, false, u"IDARTIKEL,JAHR,MONAT"_s } },
         systemRights() };
     return table;
 }

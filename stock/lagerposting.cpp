@@ -1,0 +1,121 @@
+// Posting of whole stock and order documents: only the part of each line not yet booked.
+#include "lagercommon.h"
+
+#include "lageramount.h"
+#include "sqlquery.h"
+#include "sqltool.h"
+#include "strtools.h"
+
+using namespace Qt::StringLiterals;
+using kx::stock::afterMinus;
+
+namespace {
+
+// The conditions shared by both postings: the document's lines, without the lines already
+// booked (except for resets, which take every line), never article 999999 or no article.
+void addLineConditions(TCStrings &sql, const QString &linkvalue, TCLagerActionType action, const QString &bookedColumn)
+{
+    sql.Add(u"WHERE IDPARENT='"_s + linkvalue + u"'"_s);
+    if (action == latAdd || action == latSub)
+        sql.Add(u"AND ANZAHL<>"_s + bookedColumn);
+    sql.Add(u"AND IDNUMMER<>999999"_s);
+    sql.Add(u"AND (NOT (IDNUMMER IS NULL))"_s);
+}
+
+// The two assignment lines of a batch booking.
+QStringList chargeAssignments(TCLagerActionType action, double A, double C)
+{
+    switch (action) {
+    case latAdd:
+        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN-"_s + afterMinus(A - C) + u',',
+                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR+"_s + sqlConvertFloat(A - C) };
+    case latSub:
+        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN+"_s + sqlConvertFloat(A - C) + u',',
+                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR-"_s + afterMinus(A - C) };
+    case latResetAdd:
+        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN+"_s + sqlConvertFloat(A) + u',',
+                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR-"_s + afterMinus(A) };
+    case latResetSub:
+        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN-"_s + afterMinus(A) + u',',
+                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR+"_s + sqlConvertFloat(A) };
+    }
+    return {};
+}
+
+} // namespace
+
+void TCLagerAction::Execute()
+{
+    fTablename = fTablename.toUpper();
+    DataQuery->SQL.Clear();
+    if (fEnableMultiStorage) {
+        fUseCharge = false; // batches and storage locations are never combined
+        DataQuery->SQL.Add(u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,id,LagerID FROM "_s + fTablename);
+    } else if (fUseCharge) {
+        DataQuery->SQL.Add(u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,HASCHARGE,CHARGEID,id FROM "_s + fTablename);
+    } else {
+        DataQuery->SQL.Add(u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,id FROM "_s + fTablename);
+    }
+    addLineConditions(DataQuery->SQL, fLinkvalue, fAction, u"COUNTLAGER"_s);
+    DataQuery->Open();
+
+    while (!DataQuery->Eof()) {
+        const QString lineId = DataQuery->FieldByName(u"id"_s).AsString();
+        if (!fUseCharge) {
+            CalcLagerCount(lineId, fEnableMultiStorage ? DataQuery->FieldByName(u"LagerID"_s).AsString() : QString());
+        } else {
+            const QString chargeId = DataQuery->FieldByName(u"CHARGEID"_s).AsString();
+            if (!hStrToBool(DataQuery->FieldByName(u"HASCHARGE"_s).AsString()) || chargeId.isEmpty()) {
+                CalcLagerCount(lineId, QString());
+            } else {
+                const double A = DataQuery->FieldByName(u"ANZAHL"_s).AsFloat();
+                const double C = DataQuery->FieldByName(u"COUNTLAGER"_s).AsFloat();
+                QStringList lines{ u"UPDATE ARTIKEL_CHARGE SET"_s };
+                lines << chargeAssignments(fAction, A, C) << u"WHERE ID='"_s + chargeId + u"'"_s;
+                runModi(lines);
+                CalcLagerCountBasedOnCharge(lineId);
+            }
+        }
+        DataQuery->Next();
+    }
+    DataQuery->Close();
+
+    // Deliberate: resets mark their lines as booked too, although the stock went back.
+    runModi({ u"UPDATE "_s + fTablename + u" SET COUNTLAGER=ANZAHL WHERE IDPARENT='"_s + fLinkvalue + u"'"_s });
+}
+
+void TCLagerAction::ExecuteOrder()
+{
+    fTablename = fTablename.toUpper();
+    DataQuery->SQL.Clear();
+    DataQuery->SQL.Add(u"SELECT IDNUMMER,ANZAHL,COUNTBESTELLT FROM "_s + fTablename);
+    addLineConditions(DataQuery->SQL, fLinkvalue, fAction, u"COUNTBESTELLT"_s);
+    DataQuery->Open();
+
+    while (!DataQuery->Eof()) {
+        const double A = DataQuery->FieldByName(u"ANZAHL"_s).AsFloat();
+        const double B = DataQuery->FieldByName(u"COUNTBESTELLT"_s).AsFloat();
+        QString assignment;
+        switch (fAction) {
+        case latAdd:
+            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+"_s + sqlConvertFloat(A - B);
+            break;
+        case latSub:
+            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-"_s + afterMinus(A - B);
+            break;
+        case latResetAdd:
+            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-"_s + afterMinus(A);
+            break;
+        case latResetSub:
+            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+"_s + sqlConvertFloat(A);
+            break;
+        }
+        runModi({ assignment, u"WHERE IDNUMMER="_s + DataQuery->FieldByName(u"IDNUMMER"_s).AsString() });
+        DataQuery->Next();
+    }
+    DataQuery->Close();
+
+    // Over all articles, not only this document's: nothing may show a negative quantity on order.
+    runModi({ u"UPDATE ARTIKEL SET COUNTBESTELLT=0 WHERE COUNTBESTELLT<0"_s });
+    runModi({ u"UPDATE "_s + fTablename + u" SET COUNTBESTELLT=ANZAHL WHERE IDPARENT='"_s + fLinkvalue + u"'"_s });
+}

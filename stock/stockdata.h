@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QDate>
+#include <QList>
+#include <QString>
+
+// The tables of the suite's stock modules (articles, storage locations, batches, orders and a
+// stock document's lines) in the columns the stock engine reads and writes, and the few reads
+// and writes the command line and its scripts need around a posting. The engine itself lives
+// in lagercommon.h.
+
+// The document line table of stock documents made by the command line.
+inline constexpr char16_t StockLineTable[] = u"LAGERBELEG_POS";
+// The order line table; posted order lines are also what receipts look their order up in.
+inline constexpr char16_t OrderLineTable[] = u"Bestellungen_artikel";
+
+// Creates or alters "Artikel", "Artikel_Lager", "ARTIKEL_CHARGE", "Bestellungen",
+// "Bestellungen_artikel" and the stock line table.
+void stock_CreateModuleTables();
+
+// Adds an article with all counts 0 except its base stock; returns its key.
+QString stock_AddArticle(int idnummer, const QString &name, double baseStock = 0);
+// Adds a batch of an article with its available quantity; returns its key.
+QString stock_AddCharge(const QString &articleId, const QString &name, double available);
+// Adds an order head; returns its key.
+QString stock_AddOrder();
+// Sets the quantity of a document line: the line of that article (and batch or storage
+// location) is edited when the document has it, otherwise added unbooked. Returns the line key.
+struct StockLine
+{
+    QString table;
+    QString document;
+    int idnummer = 0;
+    double quantity = 0;
+    double netto = 0;
+    QString chargeId;  // a batch line when set
+    QString lagerId;   // the storage location of a multi-storage document
+};
+QString stock_SetLine(const StockLine &line);
+
+// The key of the article with that number; empty when there is none.
+QString stock_ArticleId(int idnummer);
+
+struct StockArticle
+{
+    QString id;
+    int idnummer = 0;
+    QString name;
+    double countLager = 0, countBestand = 0, countCharge = 0, bestand = 0, countBestellt = 0;
+};
+// Throws kx::Error when the article does not exist.
+StockArticle stock_ReadArticle(int idnummer);
+
+struct StockLogRow
+{
+    QString id;
+    QDate datum;
+    QString uhrzeit, art, tabelle, linkId, outIdIn, tstamp;
+    int llmode = 0, sourcemode = 0;
+    double anzahl = 0, oldCount = 0, newCount = 0, preis = 0, inCountAvail = 0;
+};
+// The article's log rows by time stamp (booking date, then time of writing).
+QList<StockLogRow> stock_ReadLog(const QString &articleId);
+
+struct StockMonthRow
+{
+    int jahr = 0, monat = 0;
+    double anfangsbestand = 0, endbestand = 0;
+    QDate anfangsdate, enddate;
+};
+QList<StockMonthRow> stock_ReadMonths(const QString &articleId);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "lagercommon.h"
+#include "stockdata.h"
+#include "testdatabase.h"
+
+#include <QDate>
+
+namespace kxtest {
+
+// An empty database with the system tables and the stock modules' tables.
+class StockTest : public DatabaseTest
+{
+protected:
+    void SetUp() override;
+    bool ready() const { return !IsSkipped() && !HasFailure(); }
+};
+
+// What a posting sets on the action object before Execute or ExecuteOrder.
+struct Posting
+{
+    TCLagerActionType action = latAdd;
+    TCLagerModeType mode = lmtIn;
+    QString document;
+    QDate bookingDate;           // not set: today
+    QString table = QString::fromUtf16(StockLineTable);
+    bool useCharge = false;
+    bool multiStorage = false;
+    QString belegnummer;
+};
+
+void post(const Posting &posting);
+void postOrder(const Posting &posting);
+
+// A one-line document of that article and quantity; returns the document key.
+QString oneLineDocument(int idnummer, double quantity, double netto = 0);
+// The article's counts as "COUNTLAGER|COUNTBESTAND|COUNTCHARGE|BESTAND" in the format settings.
+QString counts(int idnummer);
+
+} // namespace kxtest

@@ -1,0 +1,328 @@
+// Count updates and the posting of stock and order documents, on each product.
+#include "sqlconnection.h"
+#include "sqltool.h"
+#include "stocktest.h"
+
+using namespace Qt::StringLiterals;
+using kxtest::counts;
+using kxtest::exec;
+using kxtest::post;
+using kxtest::Posting;
+using kxtest::rows;
+
+namespace {
+
+const QString lines = QString::fromUtf16(StockLineTable);
+
+class LagerPostingTest : public kxtest::StockTest
+{
+};
+
+// A one-line document whose line already has C booked.
+QString lineWithBooked(int idnummer, double A, double C, QString *lineId = nullptr)
+{
+    const QString document = kxtest::oneLineDocument(idnummer, A);
+    exec(u"update "_s + lines + u" set COUNTLAGER="_s + sqlConvertFloat(C) + u" where IDPARENT='"_s + document + u"'"_s);
+    if (lineId)
+        *lineId = sqlGetValue(u"select ID from "_s + lines + u" where IDPARENT='"_s + document + u"'"_s);
+    return document;
+}
+
+QStringList updatesOf(const QStringList &statements, const QString &table)
+{
+    QStringList found;
+    for (const QString &s : statements)
+        if (s.startsWith(u"UPDATE "_s + table + u' ', Qt::CaseInsensitive) || s.startsWith(u"Update "_s + table + u' '))
+            found << s;
+    return found;
+}
+
+TEST_F(LagerPostingTest, OrdinaryLineByAction)
+{
+    const struct
+    {
+        TCLagerActionType action;
+        TCLagerModeType mode;
+        double A, C;
+        QString firstLine;
+        double countLager; // from 10
+        double logged;
+    } cases[] = {
+        { latAdd, lmtIn, 5, 2, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+3"_s, 13, 3 },
+        { latAdd, lmtIn, 2, 5, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+-3"_s, 7, -3 }, // a reduced receipt line
+        { latSub, lmtOut, 5, 2, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-3"_s, 7, 3 },
+        { latSub, lmtOut, 2, 5, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+3"_s, 13, 3 }, // a reduced issue line
+        { latSub, lmtOut, 2.25, 0, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-2.25"_s, 7.75, 2.25 },
+        { latResetAdd, lmtIn, 4, 1, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-4"_s, 6, 4 },
+        { latResetAdd, lmtIn, -2, -2, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-(-2)"_s, 12, -2 },
+        { latResetSub, lmtOut, 4, 4, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+4"_s, 14, 4 },
+    };
+    if (!ready())
+        return;
+    int idnummer = 100;
+    for (const auto &c : cases) {
+        ++idnummer;
+        SCOPED_TRACE(c.firstLine.toStdString());
+        stock_AddArticle(idnummer, u"Schlauch C"_s, 1.5);
+        exec(u"update Artikel set COUNTLAGER=10, BESTAND=11.5 where IDNUMMER="_s + QString::number(idnummer));
+        QString lineId;
+        const QString document = lineWithBooked(idnummer, c.A, c.C, &lineId);
+        kx::SqlTraceCapture trace;
+        post({ c.action, c.mode, document });
+
+        const QString where = u"WHERE IDNUMMER="_s + QString::number(idnummer);
+        EXPECT_EQ(updatesOf(trace.statements(), u"Artikel"_s),
+                  (QStringList{ c.firstLine + u"\n, BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where,
+                                u"UPDATE ARTIKEL SET BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where }));
+        const StockArticle a = stock_ReadArticle(idnummer);
+        EXPECT_DOUBLE_EQ(a.countLager, c.countLager);
+        EXPECT_DOUBLE_EQ(a.bestand, 1.5 + c.countLager);
+        EXPECT_EQ(rows(u"select ANZAHL from "_s + lines + u" where ID='"_s + lineId + u"' and COUNTLAGER=ANZAHL"_s).size(), 1);
+
+        // No receipt to draw on: the one log row carries the booked amount and the counts around it.
+        const QList<StockLogRow> log = stock_ReadLog(a.id);
+        ASSERT_EQ(log.size(), 1);
+        EXPECT_DOUBLE_EQ(log[0].anzahl, c.logged);
+        EXPECT_DOUBLE_EQ(log[0].oldCount, 11.5);
+        // An issue row's new stock is the running stock less what it drew from receipts: none here.
+        EXPECT_DOUBLE_EQ(log[0].newCount, c.mode == lmtOut ? 11.5 : 1.5 + c.countLager);
+        EXPECT_EQ(log[0].llmode, c.mode == lmtOut ? 1 : 0);
+        EXPECT_EQ(log[0].linkId, lineId);
+        EXPECT_EQ(log[0].tabelle, lines);
+    }
+}
+
+TEST_F(LagerPostingTest, BatchLineByAction)
+{
+    const struct
+    {
+        TCLagerActionType action;
+        double A, C;
+        double countCharge, ausgegeben, verfuegbar; // from 0, 0, 20
+    } cases[] = {
+        { latAdd, 5, 2, 3, -3, 23 },       { latSub, 5, 2, -3, 3, 17 },
+        { latSub, 2, 5, 3, -3, 23 }, // the signed difference gives batch stock back
+        { latResetAdd, 4, 4, -4, 4, 16 }, { latResetSub, 4, 1, 4, -4, 24 },
+    };
+    if (!ready())
+        return;
+    int idnummer = 200;
+    for (const auto &c : cases) {
+        ++idnummer;
+        SCOPED_TRACE(idnummer);
+        const QString articleId = stock_AddArticle(idnummer, u"Atemschutzmaske"_s, 2);
+        const QString charge = stock_AddCharge(articleId, u"L-2026-11"_s, 20);
+        const QString document = sqlGenIdValue();
+        stock_SetLine({ lines, document, idnummer, c.A, 0, charge });
+        exec(u"update "_s + lines + u" set COUNTLAGER="_s + sqlConvertFloat(c.C) + u" where IDPARENT='"_s + document + u"'"_s);
+        post({ c.action, lmtOut, document, {}, lines, true });
+
+        const StockArticle a = stock_ReadArticle(idnummer);
+        EXPECT_DOUBLE_EQ(a.countCharge, c.countCharge);
+        EXPECT_DOUBLE_EQ(a.countLager, 0);
+        EXPECT_DOUBLE_EQ(a.bestand, 2 + c.countCharge); // Bestand = CountBestand + CountLager + CountCharge
+        EXPECT_EQ(rows(u"select ANZAHLAUSGEGEBEN, ANZAHLVERFUEGBAR from ARTIKEL_CHARGE where ID='"_s + charge + u"'"_s),
+                  QStringList{ kx::formatFloat(c.ausgegeben) + u'|' + kx::formatFloat(c.verfuegbar) });
+        EXPECT_TRUE(stock_ReadLog(articleId).isEmpty()) << "batch lines write no log";
+    }
+}
+
+TEST_F(LagerPostingTest, WhichLinesArePosted)
+{
+    if (!ready())
+        return;
+    stock_AddArticle(1, u"Feuerwehrhelm"_s);
+    stock_AddArticle(2, u"Handschuhe"_s);
+    stock_AddArticle(999999, u"Freitext"_s);
+    const QString document = sqlGenIdValue();
+    stock_SetLine({ lines, document, 1, 4 });
+    stock_SetLine({ lines, document, 2, 3 });
+    stock_SetLine({ lines, document, 999999, 7 });
+    exec(u"insert into "_s + lines + u" (ID,IDPARENT,ANZAHL,COUNTLAGER) values ('ohne','"_s + document + u"',5,0)"_s);
+    exec(u"update "_s + lines + u" set COUNTLAGER=3 where IDNUMMER=2"_s); // already booked
+
+    kx::SqlTraceCapture trace;
+    post({ latAdd, lmtIn, document, {}, lines.toLower() });
+    EXPECT_EQ(trace.statements().first(),
+              u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,id FROM LAGERBELEG_POS\nWHERE IDPARENT='"_s + document
+                  + u"'\nAND ANZAHL<>COUNTLAGER\nAND IDNUMMER<>999999\nAND (NOT (IDNUMMER IS NULL))"_s);
+    EXPECT_EQ(trace.statements().last(),
+              u"UPDATE LAGERBELEG_POS SET COUNTLAGER=ANZAHL WHERE IDPARENT='"_s + document + u"'"_s);
+    EXPECT_EQ(counts(1), u"4|0|0|4"_s);
+    EXPECT_EQ(counts(2), u"0|0|0|0"_s);
+    EXPECT_EQ(counts(999999), u"0|0|0|0"_s);
+    // Every line is marked booked, also those never posted.
+    EXPECT_EQ(rows(u"select count(*) from "_s + lines + u" where COUNTLAGER=ANZAHL"_s), QStringList{ u"4"_s });
+
+    // Posting again finds nothing left to book and still writes the mark.
+    trace.clear();
+    post({ latAdd, lmtIn, document });
+    EXPECT_EQ(updatesOf(trace.statements(), u"Artikel"_s), QStringList());
+    EXPECT_EQ(trace.statements().size(), 2);
+    EXPECT_EQ(counts(1), u"4|0|0|4"_s);
+
+    // A reset takes every line, booked or not.
+    post({ latResetAdd, lmtIn, document });
+    EXPECT_EQ(counts(1), u"0|0|0|0"_s);
+    EXPECT_EQ(counts(2), u"-3|0|0|-3"_s);
+}
+
+TEST_F(LagerPostingTest, BatchDocumentWithoutChargeKeyBooksOrdinarily)
+{
+    if (!ready())
+        return;
+    stock_AddArticle(5, u"Atemluftflasche"_s);
+    const QString document = sqlGenIdValue();
+    stock_SetLine({ lines, document, 5, 2 });
+    exec(u"update "_s + lines + u" set HASCHARGE=1, CHARGEID='' where IDPARENT='"_s + document + u"'"_s);
+    kx::SqlTraceCapture trace;
+    post({ latAdd, lmtIn, document, {}, lines, true });
+    EXPECT_TRUE(trace.statements().first().startsWith(u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,HASCHARGE,CHARGEID,id FROM"_s));
+    EXPECT_EQ(counts(5), u"2|0|0|2"_s);
+    EXPECT_EQ(stock_ReadLog(stock_ArticleId(5)).size(), 1);
+}
+
+TEST_F(LagerPostingTest, MultiStorageBooksTheStorageLocation)
+{
+    if (!ready())
+        return;
+    const QString articleId = stock_AddArticle(7, u"Druckschlauch B"_s, 1);
+    exec(u"insert into Artikel_Lager (ID,IDPARENT,LAGERID,COUNTLAGER,COUNTBESTAND,BESTAND) values ('L1','"_s + articleId
+         + u"','HAUPT',0,0,0)"_s);
+    const QString document = sqlGenIdValue();
+    stock_SetLine({ lines, document, 7, 6, 0, {}, u"HAUPT"_s });
+
+    TCLagerAction action;
+    action.setProperty("Tablename", lines);
+    action.setProperty("Linkvalue", document);
+    action.setProperty("UseCharge", true);
+    action.setProperty("EnableMultiStorage", true);
+    kx::SqlTraceCapture trace;
+    action.Execute();
+    EXPECT_FALSE(action.property("UseCharge").toBool()) << "storage locations and batches are never combined";
+    const QString where = u"WHERE idParent='"_s + articleId + u"' and LagerId='HAUPT'"_s;
+    EXPECT_EQ(updatesOf(trace.statements(), u"Artikel_Lager"_s),
+              QStringList{ u"UPDATE Artikel_Lager SET COUNTLAGER=COUNTLAGER+6\n, BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where });
+    EXPECT_EQ(updatesOf(trace.statements(), u"ARTIKEL"_s),
+              QStringList{ u"UPDATE ARTIKEL SET BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where });
+    // The storage row's count is booked; its total, recomputed from the old row and not set
+    // again (the second statement names ARTIKEL), shows the figure before this booking.
+    EXPECT_EQ(rows(u"select COUNTLAGER, BESTAND from Artikel_Lager where ID='L1'"_s), QStringList{ u"6|0"_s });
+    EXPECT_EQ(counts(7), u"0|1|0|1"_s);
+    const QList<StockLogRow> log = stock_ReadLog(articleId);
+    ASSERT_EQ(log.size(), 1);
+    EXPECT_DOUBLE_EQ(log[0].oldCount, 0); // the storage location's stock
+    EXPECT_DOUBLE_EQ(log[0].newCount, 1); // the article's total
+}
+
+TEST_F(LagerPostingTest, OrderDocumentByAction)
+{
+    const struct
+    {
+        TCLagerActionType action;
+        double A, B;
+        double onOrder; // from 10
+        QString assignment;
+    } cases[] = {
+        { latAdd, 5, 2, 13, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+3"_s },
+        { latSub, 5, 2, 7, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-3"_s },
+        { latSub, 2, 5, 13, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-(-3)"_s },
+        { latResetAdd, 4, 4, 6, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-4"_s },
+        { latResetSub, 4, 0, 14, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+4"_s },
+        { latSub, 25, 0, 0, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-25"_s }, // never below 0
+    };
+    if (!ready())
+        return;
+    const QString orderLines = QString::fromUtf16(OrderLineTable);
+    stock_AddArticle(900, u"Anderer Artikel"_s);
+    int idnummer = 300;
+    for (const auto &c : cases) {
+        ++idnummer;
+        SCOPED_TRACE(c.assignment.toStdString());
+        stock_AddArticle(idnummer, u"Einsatzjacke"_s);
+        exec(u"update Artikel set COUNTBESTELLT=10 where IDNUMMER="_s + QString::number(idnummer));
+        exec(u"update Artikel set COUNTBESTELLT=-2 where IDNUMMER=900"_s);
+        const QString order = stock_AddOrder();
+        stock_SetLine({ orderLines, order, idnummer, c.A });
+        exec(u"update "_s + orderLines + u" set COUNTBESTELLT="_s + sqlConvertFloat(c.B) + u" where IDPARENT='"_s + order + u"'"_s);
+        kx::SqlTraceCapture trace;
+        kxtest::postOrder({ c.action, lmtIn, order, {}, orderLines });
+        EXPECT_EQ(trace.statements().mid(1),
+                  (QStringList{ c.assignment + u"\nWHERE IDNUMMER="_s + QString::number(idnummer),
+                                u"UPDATE ARTIKEL SET COUNTBESTELLT=0 WHERE COUNTBESTELLT<0"_s,
+                                u"UPDATE BESTELLUNGEN_ARTIKEL SET COUNTBESTELLT=ANZAHL WHERE IDPARENT='"_s + order + u"'"_s }));
+        EXPECT_DOUBLE_EQ(stock_ReadArticle(idnummer).countBestellt, c.onOrder);
+        EXPECT_DOUBLE_EQ(stock_ReadArticle(900).countBestellt, 0) << "every article is kept at 0 or above";
+        EXPECT_DOUBLE_EQ(stock_ReadArticle(idnummer).countLager, 0) << "orders leave the stock alone";
+    }
+    EXPECT_EQ(rows(u"select count(*) from LagerLog"_s), QStringList{ u"0"_s });
+}
+
+TEST_F(LagerPostingTest, FailingStatementLeavesEarlierLinesBooked)
+{
+    if (!ready())
+        return;
+    const QString articleId = stock_AddArticle(11, u"Kübelspritze"_s);
+    stock_AddArticle(12, u"Strahlrohr"_s);
+    const QString document = sqlGenIdValue();
+    stock_SetLine({ lines, document, 11, 4 });
+    stock_SetLine({ lines, document, 12, 1, 0, u"x'y"_s }); // a batch key that breaks its statement
+    kx::SqlTraceCapture trace;
+    EXPECT_THROW(post({ latAdd, lmtIn, document, {}, lines, true }), kx::DatabaseError);
+    // The lines come in the database's order; the ordinary line was stored first and came first.
+    ASSERT_FALSE(updatesOf(trace.statements(), u"Artikel"_s).isEmpty());
+    EXPECT_EQ(counts(11), u"4|0|0|4"_s);
+    EXPECT_EQ(stock_ReadLog(articleId).size(), 1);
+    EXPECT_EQ(rows(u"select count(*) from "_s + lines + u" where COUNTLAGER=ANZAHL"_s), QStringList{ u"0"_s })
+        << "the final mark was not written";
+
+    // The booked line still counts as unbooked: a second posting books it once more.
+    exec(u"update "_s + lines + u" set HASCHARGE=0 where IDNUMMER=12"_s);
+    post({ latAdd, lmtIn, document, {}, lines, true });
+    EXPECT_EQ(counts(11), u"8|0|0|8"_s);
+    EXPECT_EQ(counts(12), u"1|0|0|1"_s);
+}
+
+TEST_F(LagerPostingTest, MissingTablesOfTheLineFailTheCall)
+{
+    if (!ready())
+        return;
+    stock_AddArticle(13, u"Axt"_s);
+    const QString document = kxtest::oneLineDocument(13, 2);
+    exec(u"drop table Bestellungen_artikel"_s);
+    EXPECT_THROW(post({ latAdd, lmtIn, document }), kx::DatabaseError);
+    EXPECT_EQ(counts(13), u"2|0|0|2"_s) << "the count update before the failing look-up stays";
+}
+
+TEST_F(LagerPostingTest, MaxAvailAndSalesPrice)
+{
+    if (!ready())
+        return;
+    const struct
+    {
+        QString ignore;
+        QString bestand;
+        double expected;
+    } cases[] = {
+        { u"1"_s, u"12.5"_s, -280772 }, { u"null"_s, u"12.5"_s, 12.5 }, { u"0"_s, u"3"_s, 3 },
+        { u"0"_s, u"null"_s, -280772 }, { u"null"_s, u"-4.25"_s, -4.25 },
+    };
+    int idnummer = 400;
+    TCLagerAction action;
+    for (const auto &c : cases) {
+        const QString id = stock_AddArticle(++idnummer, u"Kanister"_s);
+        exec(u"update Artikel set IGNOREBESTAND="_s + c.ignore + u", BESTAND="_s + c.bestand + u" where ID='"_s + id + u"'"_s);
+        EXPECT_DOUBLE_EQ(action.GetMaxAvail(id), c.expected) << c.ignore.toStdString() << " " << c.bestand.toStdString();
+        EXPECT_DOUBLE_EQ(action.GetMaxAvail(id, u"irgendein Lager"_s), c.expected);
+    }
+    EXPECT_DOUBLE_EQ(action.GetMaxAvail(u"unbekannt"_s), -280772);
+
+    const QStringList before = rows(u"select * from Artikel order by ID"_s);
+    const QString someArticle = stock_ArticleId(401);
+    kx::SqlTraceCapture trace;
+    action.UpdateVK(someArticle);
+    EXPECT_TRUE(trace.statements().isEmpty());
+    EXPECT_EQ(rows(u"select * from Artikel order by ID"_s), before);
+}
+
+} // namespace
