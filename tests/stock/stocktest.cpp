@@ -24,7 +24,7 @@ void configure(TCLagerAction &action, const Posting &posting)
 {
     action.setProperty("Action", QVariant::fromValue(posting.action));
     action.setProperty("Mode", QVariant::fromValue(posting.mode));
-    action.setProperty("Tablename", posting.table);
+    action.setProperty("Tablename", posting.table.isEmpty() ? QString::fromUtf16(StockLineTable) : posting.table);
     action.setProperty("Linkvalue", posting.document);
     action.setProperty("UseCharge", posting.useCharge);
     action.setProperty("EnableMultiStorage", posting.multiStorage);

@@ -23,7 +23,7 @@ struct Posting
     TCLagerModeType mode = lmtIn;
     QString document;
     QDate bookingDate;           // not set: today
-    QString table = QString::fromUtf16(StockLineTable);
+    QString table;               // empty: the stock line table
     bool useCharge = false;
     bool multiStorage = false;
     QString belegnummer;
