@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QJsonValue>
 #include <QString>
 #include <QStringList>
@@ -9,6 +10,7 @@
 struct CliContext
 {
     QStringList args;
+    int optionsEnd = 0; // args from this index on came after "--": never options
     QString database;
     bool json = false;
 };
@@ -42,3 +44,22 @@ void registerCommand(CliCommand command);
 // Registered by each group's source file.
 void registerRegistryCommands();
 void registerSysCommands();
+void registerStockCommands();
+
+// The options and positional arguments of a sub-command. "--name value" for the named valued
+// options, "--name" for the flags; everything else, and all after "--", is positional.
+class CliArguments
+{
+public:
+    CliArguments(const CliContext &context, const QStringList &valued, const QStringList &flags);
+    QString value(const QString &name, const QString &fallback = {}) const { return m_values.value(name, fallback); }
+    bool has(const QString &name) const { return m_values.contains(name) || m_flags.contains(name); }
+    const QStringList &positional() const { return m_positional; }
+    // The positional arguments, which must be exactly Count.
+    const QStringList &positional(int count, const QString &what) const;
+
+private:
+    QHash<QString, QString> m_values;
+    QStringList m_flags;
+    QStringList m_positional;
+};

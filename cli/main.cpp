@@ -70,6 +70,7 @@ int main(int argc, char *argv[])
     QTextStream err(stderr);
     registerRegistryCommands();
     registerSysCommands();
+    registerStockCommands();
 
     CliContext context;
     context.database = defaultDatabase;
@@ -110,7 +111,11 @@ int main(int argc, char *argv[])
         err << "kxcommon: unbekannter Befehl \"" << words.join(u' ') << "\". Siehe kxcommon --help.\n";
         return 2;
     }
-    words.removeOne(u"--"_s);
+    context.optionsEnd = int(words.indexOf(u"--"_s));
+    if (context.optionsEnd < 0)
+        context.optionsEnd = int(words.size());
+    else
+        words.removeAt(context.optionsEnd);
     context.args = words;
 
     // The connection closes on every way out, before the application object goes.

@@ -18,3 +18,30 @@ echo
 echo "\$ kxcommon modules add 0003 \"Wehr's\" Personal   (ein Hochkomma im Namen bricht die Anweisung)"
 "$kx" --db "$db" modules add 0003 "Wehr's" Personal || echo "(Exit-Code $?: Fehler wie erwartet; die Zeilen davor bleiben)"
 step modules
+
+echo
+echo "--- Lager: Zugänge, eine Entnahme über zwei Zugänge, eine Korrektur, eine Bestellung ---"
+day() { date -d "$1 days ago" +%d.%m.%Y; }
+step sys init
+step stock init
+step stock article 4711 "Druckschlauch C 15 m"
+step stock line LAGERBELEG_POS WE-1 4711 10 --preis 38,50
+step stock post LAGERBELEG_POS WE-1 --action add --mode in --modul 0002 --belegnummer 1 --date "$(day 2)"
+step stock line LAGERBELEG_POS WE-2 4711 5 --preis 41,00
+step stock post LAGERBELEG_POS WE-2 --action add --mode in --modul 0002 --belegnummer 2 --date "$(day 1)"
+step stock line LAGERBELEG_POS AUS-1 4711 12
+step stock post LAGERBELEG_POS AUS-1 --action sub --mode out --modul 0002 --ausgabe AUS-1
+step stock log 4711
+echo
+echo "(Die Entnahme von 12 nimmt 10 aus dem ersten und 2 aus dem zweiten Zugang, je zu dessen Preis.)"
+step stock line LAGERBELEG_POS KOR-1 4711 -- -1
+step stock post LAGERBELEG_POS KOR-1 --action add --mode correction --modul 0002
+echo
+echo "(Die Entnahme wird auf 13 erhöht und erneut gebucht: nur die Änderung wird gebucht; ein zweites Buchen bucht nichts.)"
+step stock line LAGERBELEG_POS AUS-1 4711 13
+step stock post LAGERBELEG_POS AUS-1 --action sub --mode out --modul 0002
+step stock post LAGERBELEG_POS AUS-1 --action sub --mode out --modul 0002
+step stock line Bestellungen_artikel B-1 4711 20
+step stock order Bestellungen_artikel B-1 --action add
+step stock log 4711
+step stock avail 4711

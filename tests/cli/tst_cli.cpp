@@ -96,3 +96,81 @@ TEST_F(CliTest, HelpEverywhere)
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(CliTest, StockPostingAndLog)
+{
+    const QString two = QDate::currentDate().addDays(-2).toString(u"dd.MM.yyyy"_s);
+    const QString one = QDate::currentDate().addDays(-1).toString(Qt::ISODate);
+    const QList<QStringList> steps = {
+        { u"sys"_s, u"init"_s },
+        { u"stock"_s, u"init"_s },
+        { u"stock"_s, u"article"_s, u"4711"_s, u"Druckschlauch C"_s },
+        { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"WE-1"_s, u"4711"_s, u"10"_s, u"--preis"_s, u"38,50"_s },
+        { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"WE-1"_s, u"--date"_s, two, u"--belegnummer"_s, u"1"_s },
+        { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"WE-2"_s, u"4711"_s, u"5"_s, u"--preis"_s, u"41.25"_s },
+        { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"WE-2"_s, u"--date"_s, one },
+        { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"AUS-1"_s, u"4711"_s, u"12"_s },
+        { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"AUS-1"_s, u"--action"_s, u"sub"_s, u"--mode"_s, u"out"_s },
+        { u"stock"_s, u"line"_s, u"Bestellungen_artikel"_s, u"B-1"_s, u"4711"_s, u"20"_s },
+        { u"stock"_s, u"order"_s, u"Bestellungen_artikel"_s, u"B-1"_s },
+    };
+    for (const QStringList &step : steps) {
+        const CliRun r = invoke(step);
+        ASSERT_EQ(r.exitCode, 0) << step.join(u' ').toStdString() << ": " << r.err.toStdString();
+    }
+
+    const CliRun log = invoke({ u"--json"_s, u"stock"_s, u"log"_s, u"4711"_s });
+    ASSERT_EQ(log.exitCode, 0) << log.err.toStdString();
+    const QJsonObject result = QJsonDocument::fromJson(log.out.toUtf8()).object();
+    EXPECT_EQ(result[u"artikel"_s][u"bestand"_s].toDouble(), 3);
+    EXPECT_EQ(result[u"artikel"_s][u"countbestellt"_s].toDouble(), 20);
+    const QJsonArray rows = result[u"log"_s].toArray();
+    ASSERT_EQ(rows.size(), 4);
+    const struct
+    {
+        double anzahl;
+        int llmode;
+        double preis;
+        int fromRow; // -1: a receipt
+        double rest;
+    } expected[] = { { 10, 0, 38.5, -1, 0 }, { 5, 0, 41.25, -1, 3 }, { 10, 1, 38.5, 0, 0 }, { 2, 1, 41.25, 1, 0 } };
+    for (int i = 0; i < 4; ++i) {
+        const QJsonObject row = rows[i].toObject();
+        EXPECT_EQ(row[u"anzahl"_s].toDouble(), expected[i].anzahl) << i;
+        EXPECT_EQ(row[u"llmode"_s].toInt(), expected[i].llmode) << i;
+        EXPECT_EQ(row[u"preis"_s].toDouble(), expected[i].preis) << i;
+        EXPECT_EQ(row[u"incountavail"_s].toDouble(), expected[i].rest) << i;
+        if (expected[i].fromRow >= 0)
+            EXPECT_EQ(row[u"out_idin"_s].toString(), rows[expected[i].fromRow].toObject()[u"id"_s].toString());
+    }
+    EXPECT_EQ(result[u"monate"_s].toArray().size(), 1);
+    EXPECT_TRUE(invoke({ u"stock"_s, u"log"_s, u"4711"_s }).out.contains(u"Nr. 2"_s));
+
+    const CliRun avail = invoke({ u"--json"_s, u"stock"_s, u"avail"_s, u"4711"_s });
+    EXPECT_EQ(QJsonDocument::fromJson(avail.out.toUtf8()).object()[u"maxAvail"_s].toDouble(), 3);
+    const CliRun unknown = invoke({ u"--json"_s, u"stock"_s, u"avail"_s, u"4712"_s });
+    EXPECT_EQ(QJsonDocument::fromJson(unknown.out.toUtf8()).object()[u"maxAvail"_s].toDouble(), -280772);
+
+    const struct
+    {
+        QStringList args;
+        int exitCode;
+        QString errContains;
+    } failures[] = {
+        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"--action"_s, u"plus"_s }, 2, u"reset-add"_s },
+        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s }, 2, u"TABELLE BELEG"_s },
+        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"--date"_s, u"31.02.2026"_s }, 2, u"kein Datum"_s },
+        { { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"4711"_s, u"zehn"_s }, 2, u"keine Zahl"_s },
+        { { u"stock"_s, u"post"_s, u"KEINE_TABELLE"_s, u"X"_s }, 1, u"SQL-Fehler"_s },
+        { { u"stock"_s, u"log"_s, u"4712"_s }, 1, u"nicht vorhanden"_s },
+    };
+    for (const auto &f : failures) {
+        const CliRun r = invoke(f.args);
+        EXPECT_EQ(r.exitCode, f.exitCode) << f.args.join(u' ').toStdString();
+        EXPECT_TRUE(r.err.contains(f.errContains)) << r.err.toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,32 @@
+#include "command.h"
+
+using namespace Qt::StringLiterals;
+
+CliArguments::CliArguments(const CliContext &context, const QStringList &valued, const QStringList &flags)
+{
+    const QStringList &args = context.args;
+    for (int i = 0; i < args.size(); ++i) {
+        const QString &arg = args.at(i);
+        if (i >= context.optionsEnd || !arg.startsWith(u"--"_s)) {
+            m_positional << arg;
+            continue;
+        }
+        const QString name = arg.mid(2);
+        if (flags.contains(name)) {
+            m_flags << name;
+        } else if (valued.contains(name)) {
+            if (i + 1 >= args.size())
+                throw CliUsageError{ u"--%1 erwartet einen Wert."_s.arg(name) };
+            m_values.insert(name, args.at(++i));
+        } else {
+            throw CliUsageError{ u"unbekannte Option %1."_s.arg(arg) };
+        }
+    }
+}
+
+const QStringList &CliArguments::positional(int count, const QString &what) const
+{
+    if (m_positional.size() != count)
+        throw CliUsageError{ u"erwartet %1."_s.arg(what) };
+    return m_positional;
+}
