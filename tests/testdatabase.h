@@ -1,5 +1,6 @@
 #pragma once
 
+#include "emptydatabase.h"
 #include "kxerror.h"
 #include "sqlconnection.h"
 
@@ -15,8 +16,6 @@ namespace kxtest {
 QString product();
 // The connection string for the product, or empty when its server is not configured.
 QString connectionString(QTemporaryDir &scratch);
-// Drops every table and generator, so each test starts on an empty database.
-void emptyDatabase(TCSqlConnection &connection);
 
 // Opens compSqlConnection on an empty database of the chosen product. A product whose server
 // is not there is a named skip locally and a failure in CI.
