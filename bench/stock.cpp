@@ -25,7 +25,8 @@ const QString lines = QString::fromUtf16(StockLineTable);
 constexpr int articles = 100;
 constexpr int baseRows = 1000;
 
-// 1000 log rows over the articles: receipts used up, and issues.
+// 1000 log rows over the articles: receipts used up, and issues. Their keys begin with "X",
+// which no generated (hexadecimal) key does, so copying them never copies a posted row.
 void insertBaseRows(const QStringList &articleIds)
 {
     const QDate start = QDate::currentDate().addDays(-365);
@@ -33,7 +34,7 @@ void insertBaseRows(const QStringList &articleIds)
         for (int i = 0; i < baseRows; ++i) {
             const bool receipt = i % 2 == 0;
             kx::SqlValueList row;
-            row.add(u"ID"_s, u"'B%1'"_s.arg(i, 6, 10, QChar(u'0')))
+            row.add(u"ID"_s, u"'X%1'"_s.arg(i, 6, 10, QChar(u'0')))
                 .add(u"DATUM"_s, u"'"_s + sqlConvertDate(start.addDays(i % 365)) + u"'"_s)
                 .add(u"UHRZEIT"_s, u"'10:00:00'"_s)
                 .add(u"ART"_s, receipt ? u"'Lager Eingang'"_s : u"'Lager Ausgang'"_s)
@@ -54,8 +55,8 @@ void addCopies(int logRows)
 {
     const QString columns = u"DATUM,UHRZEIT,ART,ANZAHL,IDARTIKEL,PREIS,LLMODE,SOURCEMODE,TSTAMP,INCOUNTAVAIL"_s;
     for (int copy = 1; copy < logRows / baseRows; ++copy)
-        SqlExec(u"Insert into LagerLog (ID,"_s + columns + u") select 'C"_s + QString::number(copy) + u"' || ID,"_s
-                + columns + u" from LagerLog where ID like 'B0%'"_s);
+        SqlExec(u"Insert into LagerLog (ID,"_s + columns + u") select 'Y"_s + QString::number(copy) + u"' || ID,"_s
+                + columns + u" from LagerLog where ID like 'X%'"_s);
     if (compSqlConnection->dialect().productName() == u"postgres"_s)
         SqlExec(u"ANALYZE LagerLog"_s); // fresh statistics after a bulk load, as a maintained server has
 }
