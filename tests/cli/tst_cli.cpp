@@ -142,8 +142,9 @@ TEST_F(CliTest, StockPostingAndLog)
         EXPECT_EQ(row[u"llmode"_s].toInt(), expected[i].llmode) << i;
         EXPECT_EQ(row[u"preis"_s].toDouble(), expected[i].preis) << i;
         EXPECT_EQ(row[u"incountavail"_s].toDouble(), expected[i].rest) << i;
-        if (expected[i].fromRow >= 0)
+        if (expected[i].fromRow >= 0) {
             EXPECT_EQ(row[u"out_idin"_s].toString(), rows[expected[i].fromRow].toObject()[u"id"_s].toString());
+        }
     }
     EXPECT_EQ(result[u"monate"_s].toArray().size(), 1);
     EXPECT_TRUE(invoke({ u"stock"_s, u"log"_s, u"4711"_s }).out.contains(u"Nr. 2"_s));
