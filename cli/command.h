@@ -45,6 +45,7 @@ void registerCommand(CliCommand command);
 void registerRegistryCommands();
 void registerSysCommands();
 void registerStockCommands();
+void registerDispatchCommands();
 
 // The options and positional arguments of a sub-command. "--name value" for the named valued
 // options, "--name" for the flags; everything else, and all after "--", is positional.

@@ -71,6 +71,7 @@ int main(int argc, char *argv[])
     registerRegistryCommands();
     registerSysCommands();
     registerStockCommands();
+    registerDispatchCommands();
 
     CliContext context;
     context.database = defaultDatabase;

@@ -52,4 +52,11 @@ public:
     using Error::Error;
 };
 
+// Integer arithmetic that left its 32-bit signed range.
+class OverflowError : public Error
+{
+public:
+    using Error::Error;
+};
+
 } // namespace kx

@@ -199,11 +199,16 @@ QString sqlConvertFormatStringToSQL(const QString &, const QString &field, const
 QString SqlGetSelectFieldValue(const QString &text)
 {
     QString s = text.toUpper();
-    s.replace(u"Ä"_s, u"AE"_s).replace(u"Ö"_s, u"OE"_s).replace(u"Ü"_s, u"UE"_s).replace(u"ß"_s, u"SS"_s);
-    s.replace(u"ẞ"_s, u"SS"_s);
-    static const QRegularExpression street(u"STRASSE|STR\\."_s);
+    s.replace(u"Ä"_s, u"AE"_s).replace(u"Ö"_s, u"OE"_s).replace(u"Ü"_s, u"UE"_s);
+    s.replace(u"ß"_s, u"SS"_s).replace(u"ẞ"_s, u"SS"_s);
+    // "Straße", "Strasse" and "Str." at the end of a word are one form; inside a word
+    // ("Straßenbahnweg") they stay, so no other name is folded onto a street.
+    static const QRegularExpression street(u"STRASSE(?![A-Z])|STR\\."_s);
     s.replace(street, u"STR"_s);
-    s.remove(u' ').remove(u'.').remove(u'-');
+    // Blanks, dots, hyphens and apostrophes do not tell names apart; the search form never holds
+    // a quote, so it stands safely in a literal.
+    static const QRegularExpression separators(u"[\\s.\\-'`´’]"_s);
+    s.remove(separators);
     return s;
 }
 

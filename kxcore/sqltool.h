@@ -43,8 +43,11 @@ void SqlAlterGen(const QString &table, const QString &field, int value);
 // A condition on Field that matches Value ("*" is a wildcard); empty for an empty Value.
 QString sqlConvertFormatStringToSQL(const QString &format, const QString &field, const QString &fieldType,
                                     const QString &value, bool flag);
-// The search form of a postcode, town or street: upper case, umlauts and ß folded,
-// "Straße"/"Str." unified to "STR", blanks, dots and hyphens removed.
+// The search form of a postcode, town or street, used both to fill the SELECTPLZ, SELECTORT and
+// SELECTSTRASSE columns and to query them: upper case; Ä Ö Ü as AE OE UE, ß and ẞ as SS;
+// "STRASSE" at the end of a word and "STR." as "STR"; blanks, dots, hyphens and apostrophes
+// removed. "Hauptstraße", "Hauptstr." and "Haupt-Str." all give "HAUPTSTR"; "Straße des 17. Juni"
+// gives "STRDES17JUNI"; "Nieder-Ramstädter Str." gives "NIEDERRAMSTAEDTERSTR".
 QString SqlGetSelectFieldValue(const QString &text);
 
 // Table and column listings through INFORMATION_SCHEMA (servers that have it).

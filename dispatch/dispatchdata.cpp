@@ -1,0 +1,136 @@
+#include "dispatchdata.h"
+
+#include "dataaccess.h"
+#include "sqlconnection.h"
+#include "sqltool.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString key = u"Varchar(33)"_s;
+const QString flag = u"Numeric(10,0)"_s;
+
+QList<TCTableDef> tables()
+{
+    return {
+        { u"AAO"_s,
+          { { u"ID"_s, key, fUniqueIndex }, { u"BEZEICHNUNG"_s, u"VarChar(80)"_s },
+            { u"ALARMKUERZEL"_s, u"VarChar(30)"_s, fIndex }, { u"ALARMOBJEKT"_s, u"VarChar(80)"_s },
+            { u"EINSATZORT"_s, u"VarChar(80)"_s }, { u"EXTENDEDSETTINGS"_s, flag }, { u"ES_MO"_s, flag },
+            { u"ES_DI"_s, flag }, { u"ES_MI"_s, flag }, { u"ES_DO"_s, flag }, { u"ES_FR"_s, flag }, { u"ES_SA"_s, flag },
+            { u"ES_SO"_s, flag }, { u"ES_FROMTIME"_s, u"VarChar(10)"_s }, { u"ES_TOTIME"_s, u"VarChar(10)"_s },
+            { u"ES_FROMDATE"_s, u"Date"_s }, { u"ES_TODATE"_s, u"Date"_s } },
+          {}, standardRights() },
+        { u"AAO_Orte"_s,
+          { { u"ID"_s, key, fUniqueIndex }, { u"IDPARENT"_s, key, fIndex }, { u"EINSATZORT"_s, u"VarChar(80)"_s, fIndex } },
+          {}, standardRights() },
+        { u"ORTE"_s,
+          { { u"ID"_s, key, fUniqueIndex }, { u"PLZ"_s, u"VarChar(10)"_s }, { u"ORT"_s, u"VarChar(80)"_s },
+            { u"ORTSTEIL"_s, u"VarChar(80)"_s }, { u"STRASSE"_s, u"VarChar(80)"_s }, { u"SELECTPLZ"_s, u"VarChar(10)"_s },
+            { u"SELECTORT"_s, u"VarChar(80)"_s }, { u"SELECTSTRASSE"_s, u"VarChar(80)"_s }, { u"HNRGVON"_s, flag },
+            { u"HNRGBIS"_s, flag }, { u"HNRUVON"_s, flag }, { u"HNRUBIS"_s, flag } },
+          { { u"OrteSelectIDX"_s, false, u"SELECTORT,SELECTSTRASSE"_s } }, standardRights() },
+        { u"sysparam"_s, { { u"ID"_s, key, fUniqueIndex }, { u"P1"_s, u"VarChar(80)"_s, fIndex } }, {}, standardRights() },
+    };
+}
+
+QString quoted(const QString &text)
+{
+    return u'\'' + sqlConvertString(text) + u'\'';
+}
+
+QString textOrNull(const QString &text)
+{
+    return text.isEmpty() ? u"''"_s : quoted(text);
+}
+
+QString numberOrNull(const std::optional<int> &value)
+{
+    return value ? QString::number(*value) : u"NULL"_s;
+}
+
+QString dateOrNull(const std::optional<QDate> &date)
+{
+    return date ? u'\'' + sqlConvertDate(*date) + u'\'' : u"NULL"_s;
+}
+
+} // namespace
+
+void dispatch_CreateTables()
+{
+    for (const TCTableDef &table : tables())
+        alterOrCreateTable(table, compSqlConnection);
+}
+
+QString dispatch_AddRule(const AaoRule &rule)
+{
+    static const QString days[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s, u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
+    const QString id = sqlGenIdValue();
+    kx::SqlValueList row;
+    row.add(u"ID"_s, quoted(id))
+        .add(u"BEZEICHNUNG"_s, textOrNull(rule.bezeichnung))
+        .add(u"ALARMKUERZEL"_s, quoted(rule.alarmkuerzel))
+        .add(u"ALARMOBJEKT"_s, textOrNull(rule.objekt))
+        .add(u"EINSATZORT"_s, textOrNull(rule.einsatzort))
+        // Written 0, never null: a null sorts before 1 in a descending order on some products.
+        .add(u"EXTENDEDSETTINGS"_s, rule.restricted ? u"1"_s : u"0"_s);
+    for (int d = 0; d < 7; ++d)
+        row.add(days[d], rule.weekdays[d] ? u"1"_s : u"0"_s);
+    row.add(u"ES_FROMTIME"_s, textOrNull(rule.fromTime))
+        .add(u"ES_TOTIME"_s, textOrNull(rule.toTime))
+        .add(u"ES_FROMDATE"_s, dateOrNull(rule.fromDate))
+        .add(u"ES_TODATE"_s, dateOrNull(rule.toDate));
+    SqlExec(SqlBuildInsertSql(u"AAO"_s, row.pairs()));
+    return id;
+}
+
+void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort)
+{
+    kx::SqlValueList row;
+    row.add(u"ID"_s, quoted(sqlGenIdValue())).add(u"IDPARENT"_s, quoted(ruleId)).add(u"EINSATZORT"_s, quoted(einsatzort));
+    SqlExec(SqlBuildInsertSql(u"AAO_Orte"_s, row.pairs()));
+}
+
+void dispatch_AddOrt(const OrtEntry &e)
+{
+    kx::SqlValueList row;
+    row.add(u"ID"_s, quoted(sqlGenIdValue()))
+        .add(u"PLZ"_s, quoted(e.plz))
+        .add(u"ORT"_s, quoted(e.ort))
+        .add(u"ORTSTEIL"_s, quoted(e.ortsteil))
+        .add(u"STRASSE"_s, quoted(e.strasse))
+        .add(u"SELECTPLZ"_s, quoted(SqlGetSelectFieldValue(e.plz)))
+        .add(u"SELECTORT"_s, quoted(SqlGetSelectFieldValue(e.ort)))
+        .add(u"SELECTSTRASSE"_s, quoted(SqlGetSelectFieldValue(e.strasse)))
+        .add(u"HNRGVON"_s, numberOrNull(e.geradeVon))
+        .add(u"HNRGBIS"_s, numberOrNull(e.geradeBis))
+        .add(u"HNRUVON"_s, numberOrNull(e.ungeradeVon))
+        .add(u"HNRUBIS"_s, numberOrNull(e.ungeradeBis));
+    SqlExec(SqlBuildInsertSql(u"ORTE"_s, row.pairs()));
+}
+
+void dispatch_AddSysparam(const QString &p1)
+{
+    SqlExec(u"Insert into sysparam (ID,P1) values ("_s + quoted(sqlGenIdValue()) + u","_s + quoted(p1) + u")"_s);
+}
+
+void dispatch_AddSampleData()
+{
+    dispatch_AddRule({ u"B2"_s, {}, {}, false, {}, {}, {}, {}, {}, u"Brand mittel: LF, DLK"_s });
+    dispatch_AddRule({ u"B2"_s, u"Rathaus"_s, {}, false, {}, {}, {}, {}, {}, u"Brand Rathaus: LF, DLK, ELW"_s });
+    const QString night = dispatch_AddRule({ u"B2"_s, {}, u"Musterstadt"_s, true,
+                                             { true, true, true, true, true, true, true }, u"00:00:00"_s, u"06:00:00"_s,
+                                             {}, {}, u"Brand mittel nachts: LF, DLK, zweites LF"_s });
+    dispatch_AddRulePlace(night, u"Neudorf"_s);
+    dispatch_AddRule({ u"TH1"_s, {}, {}, false, {}, {}, {}, {}, {}, u"Technische Hilfe klein: HLF"_s });
+    dispatch_AddRule({ u"TH1"_s, {}, {}, true, { false, false, false, false, false, true, true }, {}, {}, {}, {},
+                       u"Technische Hilfe am Wochenende: HLF, MTW"_s });
+
+    dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Altstadt"_s, u"Hauptstraße"_s, 2, 40, 1, 41 });
+    dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Neustadt"_s, u"Hauptstraße"_s, 42, 120, 43, 121 });
+    dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Altstadt"_s, u"Am Markt"_s, {}, {}, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Oberfeld"_s, u"Nieder-Ramstädter Str."_s, 2, 98, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Oberfeld"_s, u"Straße des 17. Juni"_s, {}, {}, {}, {} });
+    dispatch_AddOrt({ u"64289"_s, u"Musterstadt"_s, u"Mühltal"_s, u"Mühlweg 7"_s, {}, {}, {}, {} });
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <optional>
+
+// The dispatch module's tables in the columns the AAO lookup, the district lookup and the
+// settings names read: "AAO", "AAO_Orte", the street directory "ORTE" and "sysparam"; and the
+// writes that fill them (for the command line, its demo, the tests and the benchmark).
+
+void dispatch_CreateTables();
+
+// A rule of "AAO". Restricted rules carry weekday flags (Monday first) and time and date windows.
+struct AaoRule
+{
+    QString alarmkuerzel;
+    QString objekt;     // empty: every object
+    QString einsatzort; // empty: every place
+    bool restricted = false;
+    bool weekdays[7] = { true, true, true, true, true, true, true };
+    QString fromTime, toTime; // "hh:mm:ss", empty = open
+    std::optional<QDate> fromDate, toDate;
+    QString bezeichnung;
+};
+// Returns the rule's Id.
+QString dispatch_AddRule(const AaoRule &rule);
+// A further place of a rule.
+void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort);
+
+// A street of the directory. The search columns SELECTPLZ, SELECTORT and SELECTSTRASSE are
+// filled with SqlGetSelectFieldValue, the same normalisation the look-ups use.
+struct OrtEntry
+{
+    QString plz, ort, ortsteil, strasse;
+    std::optional<int> geradeVon, geradeBis, ungeradeVon, ungeradeBis;
+};
+void dispatch_AddOrt(const OrtEntry &entry);
+
+// A settings row of that name.
+void dispatch_AddSysparam(const QString &p1);
+
+// The sample data of the demo, of the project's own making: a few AAO rules and streets.
+void dispatch_AddSampleData();
