@@ -1,0 +1,246 @@
+// AAO lookup, district lookup and settings names on each product.
+#include "aaocommon.h"
+#include "dispatchdata.h"
+#include "sqltool.h"
+#include "sqlconnection.h"
+#include "testdatabase.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class AaoTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        DatabaseTest::SetUp();
+        if (ready())
+            dispatch_CreateTables();
+    }
+    bool ready() const { return !IsSkipped() && !HasFailure(); }
+};
+
+AaoRule rule(const QString &kuerzel, const QString &name)
+{
+    AaoRule r;
+    r.alarmkuerzel = kuerzel;
+    r.bezeichnung = name;
+    return r;
+}
+
+QString nameOf(const QString &id)
+{
+    return id.isEmpty() ? u"-"_s : sqlGetValue(u"select BEZEICHNUNG from AAO where ID='"_s + id + u"'"_s);
+}
+
+// 23.11.2026 is a Monday.
+QString dayText(int offset)
+{
+    return QDate(2026, 11, 23).addDays(offset).toString(u"dd.MM.yyyy"_s);
+}
+
+TEST_F(AaoTest, WeekdayColumnForEveryDay)
+{
+    if (!ready())
+        return;
+    const QString columns[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s, u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
+    dispatch_AddRule(rule(u"B1"_s, u"immer"_s));
+    for (int d = 0; d < 7; ++d) {
+        AaoRule r = rule(u"B1"_s, u"Tag %1"_s.arg(d));
+        r.restricted = true;
+        for (int k = 0; k < 7; ++k)
+            r.weekdays[k] = k == d;
+        dispatch_AddRule(r);
+    }
+    for (int d = 0; d < 7; ++d) {
+        kx::SqlTraceCapture trace;
+        EXPECT_EQ(nameOf(aaoGetID(u"x"_s, u"y"_s, u"B1"_s, dayText(d), u"12:00:00"_s)), u"Tag %1"_s.arg(d));
+        EXPECT_TRUE(trace.statements().first().contains(u"EXTENDEDSETTINGS=1 and "_s + columns[d] + u"=1 "_s));
+    }
+}
+
+TEST_F(AaoTest, TimeAndDateWindows)
+{
+    if (!ready())
+        return;
+    dispatch_AddRule(rule(u"T"_s, u"immer"_s));
+    AaoRule day = rule(u"T"_s, u"Tagdienst"_s);
+    day.restricted = true;
+    day.fromTime = u"08:00:00"_s;
+    day.toTime = u"16:00:00"_s;
+    dispatch_AddRule(day);
+    AaoRule november = rule(u"D"_s, u"November"_s);
+    november.restricted = true;
+    november.fromDate = QDate(2026, 11, 1);
+    november.toDate = QDate(2026, 11, 30);
+    dispatch_AddRule(november);
+    dispatch_AddRule(rule(u"D"_s, u"immer"_s));
+    AaoRule openEnd = rule(u"O"_s, u"ab 2026"_s); // a start date without an end never applies
+    openEnd.restricted = true;
+    openEnd.fromDate = QDate(2026, 1, 1);
+    dispatch_AddRule(openEnd);
+    dispatch_AddRule(rule(u"O"_s, u"immer"_s));
+    AaoRule past = rule(u"P"_s, u"bis 2020"_s); // no start date: the end date is not looked at
+    past.restricted = true;
+    past.toDate = QDate(2020, 12, 31);
+    dispatch_AddRule(past);
+    dispatch_AddRule(rule(u"P"_s, u"immer"_s));
+
+    const struct
+    {
+        QString kuerzel, date, time, expected;
+    } cases[] = {
+        { u"T"_s, dayText(2), u"12:00:00"_s, u"Tagdienst"_s }, { u"T"_s, dayText(2), u"08:00:00"_s, u"Tagdienst"_s },
+        { u"T"_s, dayText(2), u"16:00:00"_s, u"Tagdienst"_s }, { u"T"_s, dayText(2), u"07:59:59"_s, u"immer"_s },
+        { u"T"_s, dayText(2), u"17:00:00"_s, u"immer"_s },     { u"T"_s, dayText(2), u"16:00:01"_s, u"immer"_s },
+        { u"D"_s, u"01.11.2026"_s, u"10:00:00"_s, u"November"_s }, { u"D"_s, u"30.11.2026"_s, u"10:00:00"_s, u"November"_s },
+        { u"D"_s, u"31.10.2026"_s, u"10:00:00"_s, u"immer"_s },  { u"D"_s, u"01.12.2026"_s, u"10:00:00"_s, u"immer"_s },
+        { u"O"_s, dayText(0), u"10:00:00"_s, u"immer"_s },       { u"P"_s, dayText(0), u"10:00:00"_s, u"bis 2020"_s },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(nameOf(aaoGetID(u"x"_s, u"y"_s, c.kuerzel, c.date, c.time)), c.expected)
+            << c.kuerzel.toStdString() << " " << c.date.toStdString() << " " << c.time.toStdString();
+}
+
+TEST_F(AaoTest, ObjectPlaceAndPlaceList)
+{
+    if (!ready())
+        return;
+    dispatch_AddRule(rule(u"B2"_s, u"allgemein"_s));
+    AaoRule rathaus = rule(u"B2"_s, u"Rathaus"_s);
+    rathaus.objekt = u"Rathaus"_s;
+    dispatch_AddRule(rathaus);
+    AaoRule nord = rule(u"B2"_s, u"Nord"_s);
+    nord.einsatzort = u"Nordstadt"_s;
+    const QString nordId = dispatch_AddRule(nord);
+    dispatch_AddRulePlace(nordId, u"Neudorf"_s);
+    AaoRule altNeu = rule(u"K9"_s, u"Alt - Neu"_s);
+    altNeu.objekt = u"Alt - Neu"_s;
+    dispatch_AddRule(altNeu);
+
+    const QString today = QDate::currentDate().toString(u"dd.MM.yyyy"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Rathaus"_s, u"Musterstadt"_s, u"B2"_s)), u"Rathaus"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Schule"_s, u"Nordstadt"_s, u"B2"_s)), u"Nord"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Schule"_s, u"Musterstadt"_s, u"B2"_s)), u"allgemein"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Schule"_s, u"Musterstadt"_s, u"B3"_s)), u"-"_s);
+    // A place listed in AAO_Orte counts with a date and time only.
+    EXPECT_EQ(nameOf(aaoGetID(u"Schule"_s, u"Neudorf"_s, u"B2"_s, today, u"10:00:00"_s)), u"Nord"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Schule"_s, u"Neudorf"_s, u"B2"_s)), u"allgemein"_s);
+    // The object's name without its prefix is asked a second time; its answer stands, also when empty.
+    EXPECT_EQ(nameOf(aaoGetID(u"Musterort - Rathaus"_s, u"Musterstadt"_s, u"B2"_s, false)), u"allgemein"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Musterort - Rathaus"_s, u"Musterstadt"_s, u"B2"_s, true)), u"Rathaus"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Musterort - Rathaus"_s, u"x"_s, u"B2"_s, today, u"10:00:00"_s, true)), u"Rathaus"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Alt - Neu"_s, u"x"_s, u"K9"_s, false)), u"Alt - Neu"_s);
+    EXPECT_EQ(nameOf(aaoGetID(u"Alt - Neu"_s, u"x"_s, u"K9"_s, true)), u"-"_s);
+}
+
+TEST_F(AaoTest, StatementTexts)
+{
+    if (!ready())
+        return;
+    const QString expected =
+        u"Select Id from AAO Where ALARMKUERZEL='B2' and (AlarmObjekt='Rathaus' or AlarmObjekt='' or Alarmobjekt is "
+        u"null) and (EINSATZORT='Neudorf' or EINSATZORT='' or (EINSATZORT is null) or ( id in (select idparent from "
+        u"AAO_Orte Where EINSATZORT='Neudorf') )  ) and (  (   EXTENDEDSETTINGS=1 and ES_Mi=1   and "
+        u"(ES_FROMTIME<='12:00:00' or ES_FROMTIME='' or ES_FROMTIME is Null)   and (ES_TOTIME>='12:00:00' or "
+        u"ES_TOTIME='' or ES_TOTIME is Null)   and (ES_FromDate<='2026-11-25' or ES_FromDate is Null)   and "
+        u"(ES_ToDate>='2026-11-25' or ES_FromDate is Null)  )  or  (   (EXTENDEDSETTINGS=0 or EXTENDEDSETTINGS is "
+        u"Null)  ) ) order by EXTENDEDSETTINGS desc, es_Fromdate,es_fromTime,es_fromTime,es_toTime,AlarmObjekt "
+        u"desc,EINSATZORT desc"_s;
+    kx::SqlTraceCapture trace;
+    aaoGetID(u"Rathaus"_s, u"Neudorf"_s, u"B2"_s, u"25.11.2026"_s, u"12:00:00"_s);
+    ASSERT_EQ(trace.statements().size(), 1);
+    EXPECT_EQ(trace.statements().first(), expected);
+
+    // Empty object and place never match by name: only the wildcard rows can.
+    trace.clear();
+    aaoGetID(QString(), QString(), u"B2"_s);
+    const QString now = trace.statements().first();
+    EXPECT_TRUE(now.contains(u"(1=2 or AlarmObjekt='' or"_s));
+    EXPECT_TRUE(now.contains(u"(1=2 or EINSATZORT='' or"_s));
+    EXPECT_TRUE(now.contains(u"AAO_Orte Where 1=2) )"_s)) << "the lookup without a date never uses the place list";
+    EXPECT_TRUE(now.contains(u"'"_s + QDate::currentDate().toString(Qt::ISODate) + u"'"_s));
+
+    // An unreadable date is today's.
+    trace.clear();
+    aaoGetID(u"x"_s, u"y"_s, u"B2"_s, u"kein Datum"_s, u"10:00:00"_s);
+    const QString columns[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s, u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
+    EXPECT_TRUE(trace.statements().first().contains(u"ES_FromDate<='"_s + QDate::currentDate().toString(Qt::ISODate)));
+    EXPECT_TRUE(trace.statements().first().contains(columns[QDate::currentDate().dayOfWeek() - 1] + u"=1"_s));
+
+    // Without a keyword the statement is not valid SQL; the database's error reaches the caller.
+    EXPECT_THROW(aaoGetID(u"x"_s, u"y"_s, QString()), kx::DatabaseError);
+}
+
+TEST_F(AaoTest, DistrictByFourStrategies)
+{
+    if (!ready())
+        return;
+    dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Altstadt"_s, u"Hauptstraße"_s, 2, 40, 1, 41 });
+    dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Neustadt"_s, u"Hauptstraße"_s, 42, 120, 43, 121 });
+    dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Altstadt"_s, u"Am Markt"_s, {}, {}, {}, {} });
+    dispatch_AddOrt({ u"64289"_s, u"Musterstadt"_s, u"Mühltal"_s, u"Mühlweg 7"_s, {}, {}, {}, {} });
+    dispatch_AddOrt({ u"64289"_s, u"Musterstadt"_s, u"Bergfeld"_s, u"Mühlweg"_s, 2, 20, 1, 21 });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Oberfeld"_s, u"Lindenweg"_s, 2, {}, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Niederfeld"_s, u"Lindenweg"_s, 50, 80, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Unterfeld"_s, u"Eichenweg"_s, 2, 20, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Ost"_s, u"Straße des 17. Juni"_s, {}, {}, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"West"_s, u"Ringstraße"_s, {}, {}, {}, {} });
+    dispatch_AddOrt({ u"64287"_s, u"Musterstadt"_s, u"Süd"_s, u"Ringstraße"_s, {}, {}, {}, {} });
+
+    const struct
+    {
+        QString plz, ort, strasse, nummer, expected;
+    } cases[] = {
+        { u"64285"_s, u"Musterstadt"_s, u"Hauptstr."_s, u"7"_s, u"Altstadt"_s },     // odd range
+        { u"64285"_s, u"Musterstadt"_s, u"Hauptstraße"_s, u"44b"_s, u"Neustadt"_s }, // even range, digits only
+        { QString(), u"MUSTERSTADT"_s, u"haupt-strasse"_s, u"121"_s, u"Neustadt"_s },
+        { u"64285"_s, u"Musterstadt"_s, u"Hauptstraße"_s, u"200"_s, QString() },      // street twice, no range fits
+        { u"64289"_s, u"Musterstadt"_s, u"Mühlweg"_s, u"7"_s, u"Mühltal"_s },        // street with number first
+        { u"64289"_s, u"Musterstadt"_s, u"Mühlweg"_s, u"9"_s, u"Bergfeld"_s },
+        { u"64287"_s, u"Musterstadt"_s, u"Lindenweg"_s, u"7"_s, u"Oberfeld"_s },      // the other parity's open range
+        { u"64287"_s, u"Musterstadt"_s, u"Eichenweg"_s, u"7"_s, u"Unterfeld"_s },     // complete even range only: by the street alone
+        { u"64287"_s, u"Musterstadt"_s, u"Str. des 17. Juni"_s, QString(), u"Ost"_s },
+        { u"64287"_s, u"Musterstadt"_s, u"Ringstraße"_s, QString(), QString() },      // in two districts
+        { u"64287"_s, u"Musterstadt"_s, u"Ringstraße"_s, u"a"_s, QString() },
+        { u"64285"_s, u"Musterstadt"_s, u"Am Markt"_s, u"99999999999"_s, u"Altstadt"_s },
+        { u"99999"_s, u"Musterstadt"_s, u"Am Markt"_s, u"3"_s, QString() },
+        { u"64285"_s, u"Musterstadt"_s, u"Auf'm Hügel"_s, u"1"_s, QString() },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(AaoFindOrtsteil(c.plz, c.ort, c.strasse, c.nummer), c.expected)
+            << c.strasse.toStdString() << " " << c.nummer.toStdString();
+
+    kx::SqlTraceCapture trace;
+    AaoFindOrtsteil(u"64287"_s, u"Musterstadt"_s, u"Eichenweg"_s, u"7"_s);
+    ASSERT_EQ(trace.statements().size(), 5);
+    EXPECT_EQ(trace.statements()[0], u"select \r\n  ORTSTEIL \r\nfrom \r\n  ORTE \r\nwhere \r\n  SELECTPLZ = '64287' and "
+                                     u"  SELECTORT = 'MUSTERSTADT' and \r\n  SELECTSTRASSE = 'EICHENWEG7' "_s);
+    EXPECT_TRUE(trace.statements()[2].endsWith(u"  7 >= COALESCE(HNRUVON, HNRGVON, 0) and \r\n  7 <= COALESCE(HNRUBIS, "
+                                               u"HNRGBIS, 10000) and \r\n  (HNRGVON is null or HNRGBIS is null)"_s));
+    EXPECT_TRUE(trace.statements()[3].startsWith(u"select \r\n  count(*) \r\nfrom"_s));
+}
+
+TEST_F(AaoTest, SettingsNames)
+{
+    if (!ready())
+        return;
+    const QString host = GetComputerName();
+    ASSERT_FALSE(host.isEmpty());
+    EXPECT_EQ(GetFMSMonitorLocalParamValue(), u"FMSMonitor_"_s + host);
+    EXPECT_EQ(GetFMSMonitorParamValue(), u"FMSMonitor"_s);
+    EXPECT_EQ(GetLumironParamValue(), u"Lumiron"_s);
+
+    // The situation map follows the status monitor's per-machine settings, not its own.
+    dispatch_AddSysparam(u"Lumiron_"_s + host);
+    EXPECT_TRUE(IsLumironDefaultSettingsAlreadyCopiedForLocalMachine());
+    EXPECT_FALSE(IsDefaultSettingsAlreadyCopiedForLocalMachine());
+    EXPECT_EQ(GetLumironParamValue(), u"Lumiron"_s);
+
+    dispatch_AddSysparam(u"FMSMonitor_"_s + host);
+    EXPECT_EQ(GetFMSMonitorParamValue(), u"FMSMonitor_"_s + host);
+    EXPECT_EQ(GetLumironParamValue(), u"Lumiron_"_s + host);
+}
+
+} // namespace

@@ -1,0 +1,145 @@
+// The fee calculation on a schedule of known rows, on each product.
+#include "feedata.h"
+#include "globals.h"
+#include "gscommon.h"
+#include "sqlconnection.h"
+#include "testdatabase.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class GSCommonTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        DatabaseTest::SetUp();
+        if (IsSkipped() || HasFailure())
+            return;
+        fee_CreateTables();
+        fee_AddSchedule(u"Prüfsatzung"_s, u"S"_s);
+        fee_AddRounding(u"S"_s, 30, 30, 0);
+        fee_AddRounding(u"S"_s, 60, 0, 1);
+        const QString brand = fee_AddEvent(u"S"_s, u"BRAND"_s);
+        m_costId = fee_AddCosts(brand, { { u"FK_FWA_FW"_s, 10 }, { u"FK_FWA_FW_SZ"_s, 1 }, { u"VK_FWA_FW"_s, 60 },
+                                         { u"VK_FW_SVGV"_s, 30 }, { u"VK_SVGV_KT_SZ"_s, 12 }, { u"KM_FW_SVGV"_s, 2 },
+                                         { u"KM_SVGV_KT"_s, 0.5 } });
+        fee_AddCosts(fee_AddEvent(u"S"_s, u"VORGABE"_s), { { u"VK_FWA_FW"_s, 6 } });
+        const QString flat = QString::fromUtf16(FlatSurcharges);
+        fee_AddSurcharge(flat, m_costId, 1, 60, { { u"FWA_FW"_s, 3 } });
+        fee_AddSurcharge(flat, m_costId, 2, 120, { { u"FW_SVGV"_s, 4 } });
+        fee_AddSurcharge(QString::fromUtf16(HourlyBeyond), m_costId, 2, 120, { { u"SVGV_KT"_s, 30 } });
+        fee_AddSurcharge(QString::fromUtf16(RateSurcharges), m_costId, 0.5, 30, { { u"FWA_FW_SZ"_s, 1.5 } });
+        // A schedule without events at all.
+        fee_AddSchedule(u"Leer"_s, u"LEER"_s);
+    }
+    QString m_costId;
+};
+
+TEST_F(GSCommonTest, LegsOfAnOperation)
+{
+    if (IsSkipped() || HasFailure())
+        return;
+    const struct
+    {
+        const char *name;
+        QString schedule, event;
+        int days, hours, minutes;
+        double quantity;
+        double a, b, c;
+    } cases[] = {
+        // 1 h 20 min rounds to 90 minutes; the rate of 60 an hour gives 90.
+        { "rounded up to the half hour", u"S"_s, u"brand"_s, 0, 1, 20, 0, 11 + 3 + 90 + 1.5, 45, 18 },
+        { "45 minutes become one more hour", u"S"_s, u"BRAND"_s, 0, 0, 45, 0, 11 + 60 + 1.5, 30, 12 },
+        // The VKNach row at 120 minutes adds 30 / 60 x (180 - 120) = 30 to 180 minutes.
+        { "graded extra beyond 120 minutes", u"S"_s, u"Brand"_s, 0, 3, 0, 0, 11 + 3 + 180 + 1.5, 4 + 90, 36 + 30 },
+        { "minutes beyond every rounding row stay", u"S"_s, u"BRAND"_s, 0, 0, 75, 0, 11 + 3 + 75 + 1.5, 37.5, 15 },
+        { "a threshold equal to the billed value does not apply", u"S"_s, u"BRAND"_s, 0, 2, 0, 0, 11 + 3 + 120 + 1.5,
+          60, 24 },
+        { "days count 24 hours", u"S"_s, u"BRAND"_s, 1, 0, 0, 0, 11 + 3 + 1440 + 1.5, 4 + 720, 288 + 660 },
+        // A quantity is billed hours: divisor 1, thresholds on Anzahl, no rounding.
+        { "quantity of 2.5 hours", u"S"_s, u"brand"_s, 0, 1, 20, 2.5, 11 + 3 + 150 + 1.5, 4 + 75, 30 + 15 },
+        { "unknown event takes VORGABE", u"S"_s, u"Übung"_s, 0, 1, 0, 0, 6, 0, 0 },
+        { "no event and no VORGABE", u"LEER"_s, u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
+        { "no schedule", QString(), u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        double a = -1, b = -1, cc = -1;
+        EXPECT_TRUE(CalcGebuhren(c.schedule, c.event, c.days, c.hours, c.minutes, c.quantity, a, b, cc));
+        EXPECT_DOUBLE_EQ(a, c.a);
+        EXPECT_DOUBLE_EQ(b, c.b);
+        EXPECT_DOUBLE_EQ(cc, c.c);
+        // With kilometres the second and third legs carry their kilometre amounts (2 and 0.5 a km).
+        const bool hasCosts = c.schedule == u"S"_s && c.event.toUpper() != u"ÜBUNG"_s;
+        EXPECT_TRUE(CalcGebuhren(c.schedule, c.event, c.days, c.hours, c.minutes, c.quantity, 10, a, b, cc));
+        EXPECT_DOUBLE_EQ(a, c.a);
+        EXPECT_DOUBLE_EQ(b, c.b + (hasCosts ? 20 : 0));
+        EXPECT_DOUBLE_EQ(cc, c.c + (hasCosts ? 5 : 0));
+    }
+    EXPECT_TRUE(applicationOwner()->findChildren<TGSCommonForm *>().isEmpty()) << "every call frees its holder";
+}
+
+TEST_F(GSCommonTest, StatementTexts)
+{
+    if (IsSkipped() || HasFailure())
+        return;
+    double a = 0, b = 0, c = 0;
+    kx::SqlTraceCapture trace;
+    CalcGebuhren(u"S"_s, u"brand"_s, 0, 1, 20, 0, a, b, c);
+    const QStringList &s = trace.statements();
+    ASSERT_EQ(s.size(), 6);
+    EXPECT_EQ(s[0], u"Select ID from gSchlussel_Ereignisse where idParent='S' and ( Upper(Ereignis)='BRAND')"_s);
+    EXPECT_EQ(s[1], u"Select * from gSchlussel_Runden where idParent='S'\norder by BisMinuten"_s);
+    EXPECT_TRUE(s[2].startsWith(u"Select * from gSchlussel_Kosten where idEreignis='"_s));
+    EXPECT_EQ(s[3], u"Select * from gSchlussel_FKZulagen Where idParent='"_s + m_costId
+                        + u"' and CalcMinuten<90 order by CalcMinuten DESC"_s);
+    EXPECT_EQ(s[4], u"Select * from gSchlussel_VKNach Where idParent='"_s + m_costId
+                        + u"' and CalcMinuten<90 order by CalcMinuten DESC"_s);
+    EXPECT_EQ(s[5], u"Select * from gSchlussel_VKZulagen Where idParent='"_s + m_costId
+                        + u"' and CalcMinuten<90 order by CalcMinuten DESC"_s);
+
+    // A quantity never reads the rounding table and compares thresholds with Anzahl; an unknown
+    // event asks for the default without a blank after the bracket.
+    trace.clear();
+    CalcGebuhren(u"S"_s, u"xy"_s, 0, 1, 20, 2.5, a, b, c);
+    EXPECT_EQ(trace.statements()[1], u"Select ID from gSchlussel_Ereignisse where idParent='S' and (Upper(Ereignis)='VORGABE')"_s);
+    for (const QString &statement : trace.statements())
+        EXPECT_FALSE(statement.contains(u"gSchlussel_Runden"_s)) << statement.toStdString();
+    EXPECT_TRUE(trace.statements().last().contains(u"and Anzahl<2.5 order by Anzahl DESC"_s));
+
+    trace.clear();
+    CalcGebuhren(QString(), u"BRAND"_s, 0, 1, 0, 0, a, b, c);
+    EXPECT_TRUE(trace.statements().isEmpty());
+}
+
+TEST_F(GSCommonTest, BilledMinutesOverflowIsAnError)
+{
+    if (IsSkipped() || HasFailure())
+        return;
+    const struct
+    {
+        int days, hours, minutes;
+        bool overflows;
+    } cases[] = {
+        { 1491308, 0, 0, false }, // 2,147,483,520 minutes
+        { 1491309, 0, 0, true },  { 0, 35791394, 0, false }, { 0, 35791395, 0, true },
+        { 1491308, 2, 7, true }, // 7 minutes round up to 30: past the range
+        { -1491309, 0, 0, true },
+    };
+    double a = 0, b = 0, c = 0;
+    for (const auto &k : cases) {
+        SCOPED_TRACE(std::to_string(k.days) + " " + std::to_string(k.hours));
+        if (k.overflows)
+            EXPECT_THROW(CalcGebuhren(u"S"_s, u"VORGABE"_s, k.days, k.hours, k.minutes, 0, a, b, c), kx::OverflowError);
+        else
+            EXPECT_NO_THROW(CalcGebuhren(u"S"_s, u"VORGABE"_s, k.days, k.hours, k.minutes, 0, a, b, c));
+    }
+    // The failed calls left their holders with the owner.
+    const auto left = applicationOwner()->findChildren<TGSCommonForm *>();
+    EXPECT_EQ(left.size(), 4);
+    qDeleteAll(left);
+}
+
+} // namespace
