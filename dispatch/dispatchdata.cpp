@@ -16,12 +16,14 @@ QList<TCTableDef> tables()
     return {
         { u"AAO"_s,
           { { u"ID"_s, key, fUniqueIndex }, { u"BEZEICHNUNG"_s, u"VarChar(80)"_s },
-            { u"ALARMKUERZEL"_s, u"VarChar(30)"_s, fIndex }, { u"ALARMOBJEKT"_s, u"VarChar(80)"_s },
+            { u"ALARMKUERZEL"_s, u"VarChar(30)"_s }, { u"ALARMOBJEKT"_s, u"VarChar(80)"_s },
             { u"EINSATZORT"_s, u"VarChar(80)"_s }, { u"EXTENDEDSETTINGS"_s, flag }, { u"ES_MO"_s, flag },
             { u"ES_DI"_s, flag }, { u"ES_MI"_s, flag }, { u"ES_DO"_s, flag }, { u"ES_FR"_s, flag }, { u"ES_SA"_s, flag },
             { u"ES_SO"_s, flag }, { u"ES_FROMTIME"_s, u"VarChar(10)"_s }, { u"ES_TOTIME"_s, u"VarChar(10)"_s },
             { u"ES_FROMDATE"_s, u"Date"_s }, { u"ES_TODATE"_s, u"Date"_s } },
-          {}, standardRights() },
+          // The lookup asks for a keyword and an object or none: both in one index keeps it
+          // from reading every rule of a keyword.
+          { { u"AAOKuerzelObjektIDX"_s, false, u"ALARMKUERZEL,ALARMOBJEKT"_s } }, standardRights() },
         { u"AAO_Orte"_s,
           { { u"ID"_s, key, fUniqueIndex }, { u"IDPARENT"_s, key, fIndex }, { u"EINSATZORT"_s, u"VarChar(80)"_s, fIndex } },
           {}, standardRights() },

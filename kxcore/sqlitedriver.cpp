@@ -68,6 +68,9 @@ public:
     void close() override
     {
         if (m_db) {
+            // SQLite's own advice: refresh the planner's statistics where this connection's
+            // queries would profit (the AAO lookup needs them to use its index for the object).
+            sqlite3_exec(m_db, "PRAGMA optimize", nullptr, nullptr, nullptr);
             sqlite3_close_v2(m_db);
             m_db = nullptr;
         }
