@@ -93,13 +93,15 @@ CliOutput aao(const CliContext &context)
     const QString date = args.value(u"date"_s), time = args.value(u"time"_s);
     const QString id = dated ? aaoGetID(p[0], p[1], p[2], date, time, useName) : aaoGetID(p[0], p[1], p[2], useName);
 
-    QJsonObject json{ { u"id"_s, id } };
-    QString text = id.isEmpty() ? u"Keine AAO-Regel gefunden.\n"_s : u"AAO-Regel: %1\n"_s.arg(id);
+    const QString name = dispatch_RuleName(id);
+    QJsonObject json{ { u"id"_s, id }, { u"bezeichnung"_s, name } };
+    QString text = id.isEmpty() ? u"Keine AAO-Regel gefunden.\n"_s : u"AAO-Regel: %1 (%2)\n"_s.arg(id, name);
     if (args.has(u"explain"_s)) {
         QStringList statements{ dated ? aaoStatement(p[0], p[1], p[2], date, time) : aaoStatement(p[0], p[1], p[2]) };
-        const QString name = AaoSplitObjektName(p[0]).Name;
-        if (useName && name.compare(p[0], Qt::CaseInsensitive) != 0)
-            statements << (dated ? aaoStatement(name, p[1], p[2], date, time) : aaoStatement(name, p[1], p[2]));
+        const QString objectName = AaoSplitObjektName(p[0]).Name;
+        if (useName && objectName.compare(p[0], Qt::CaseInsensitive) != 0)
+            statements << (dated ? aaoStatement(objectName, p[1], p[2], date, time)
+                                 : aaoStatement(objectName, p[1], p[2]));
         json.insert(u"statements"_s, QJsonArray::fromStringList(statements));
         for (const QString &s : statements)
             text += u"\n"_s + s + u"\n"_s;

@@ -87,6 +87,13 @@ QString dispatch_AddRule(const AaoRule &rule)
     return id;
 }
 
+QString dispatch_RuleName(const QString &ruleId)
+{
+    if (ruleId.isEmpty())
+        return QString();
+    return sqlGetValue(u"select BEZEICHNUNG from AAO where ID="_s + quoted(ruleId));
+}
+
 void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort)
 {
     kx::SqlValueList row;

@@ -24,6 +24,8 @@ struct AaoRule
 };
 // Returns the rule's Id.
 QString dispatch_AddRule(const AaoRule &rule);
+// The name (BEZEICHNUNG) of a rule; empty for an empty or unknown Id.
+QString dispatch_RuleName(const QString &ruleId);
 // A further place of a rule.
 void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort);
 

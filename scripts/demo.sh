@@ -45,3 +45,22 @@ step stock line Bestellungen_artikel B-1 4711 20
 step stock order Bestellungen_artikel B-1 --action add
 step stock log 4711
 step stock avail 4711
+
+echo
+echo "--- Gebühren: Beispielsatzung MUSTERSTADT ---"
+step fee init --sample
+echo
+echo "(1 Std. 20 Min. werden auf 90 Minuten gerundet; 12 km Anfahrt)"
+step fee MUSTERSTADT brand --hours 1 --minutes 20 --km 12
+step fee MUSTERSTADT TH --quantity 2,5
+
+echo
+echo "--- AAO: Beispielregeln und ein kleines Straßenverzeichnis ---"
+step dispatch init --sample
+step aao "Musterstadt - Rathaus" Musterstadt B2 --use-name
+step aao Schule Neudorf B2 --date "$(date +%d.%m.%Y)" --time 03:00:00 --explain
+step split-street "Nieder-Ramstädter Str. 12a/Hinterhaus"
+step --json split-object "Musterstadt - Rathaus"
+step district 64285 Musterstadt "Hauptstr." 45
+step district "" Musterstadt "Straße des 17. Juni"
+step settings-name fms

@@ -175,3 +175,62 @@ TEST_F(CliTest, StockPostingAndLog)
 }
 
 } // namespace
+
+namespace {
+
+QJsonObject jsonOf(const CliRun &run)
+{
+    return QJsonDocument::fromJson(run.out.toUtf8()).object();
+}
+
+TEST_F(CliTest, FeesAndDispatch)
+{
+    ASSERT_EQ(invoke({ u"fee"_s, u"init"_s, u"--sample"_s }).exitCode, 0);
+    ASSERT_EQ(invoke({ u"dispatch"_s, u"init"_s, u"--sample"_s }).exitCode, 0);
+
+    const QJsonObject fee = jsonOf(invoke({ u"--json"_s, u"fee"_s, u"MUSTERSTADT"_s, u"brand"_s, u"--hours"_s, u"1"_s,
+                                            u"--minutes"_s, u"20"_s, u"--km"_s, u"10"_s }));
+    EXPECT_EQ(fee[u"costFwaFw"_s].toDouble(), 125); // 25 flat, 90 for 90 minutes, two surcharges of 5
+    // 45.50 an hour for 90 minutes, two flat surcharges of 2.50, one of 7.50, 1.20 a km for 10 km.
+    EXPECT_DOUBLE_EQ(fee[u"costFwSvgv"_s].toDouble(), 45.5 * 1.5 + 2.5 * 2 + 7.5 + 12);
+    EXPECT_EQ(invoke({ u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--quantity"_s, u"2,5"_s }).out.split(u'\n').size(), 4);
+
+    const QJsonObject street = jsonOf(invoke({ u"--json"_s, u"split-street"_s, u"Am Markt 3/5/7"_s }, false));
+    EXPECT_EQ(street, (QJsonObject{ { u"Strasse"_s, u"Am Markt"_s }, { u"Hausnummer"_s, u"3"_s },
+                                    { u"HausnummerZusatz"_s, QString() }, { u"Zusatz"_s, u"5/7"_s } }));
+    const QJsonObject object = jsonOf(invoke({ u"--json"_s, u"split-object"_s, u"--"_s, u"- Rathaus"_s }, false));
+    EXPECT_EQ(object, (QJsonObject{ { u"Prefix"_s, QString() }, { u"Name"_s, u"Rathaus"_s } }));
+
+    const QJsonObject rule = jsonOf(invoke({ u"--json"_s, u"aao"_s, u"Musterstadt - Rathaus"_s, u"Musterstadt"_s,
+                                             u"B2"_s, u"--use-name"_s, u"--explain"_s }));
+    EXPECT_FALSE(rule[u"id"_s].toString().isEmpty());
+    EXPECT_EQ(rule[u"statements"_s].toArray().size(), 2);
+    const QJsonObject night = jsonOf(invoke({ u"--json"_s, u"aao"_s, u"Schule"_s, u"Neudorf"_s, u"B2"_s, u"--date"_s,
+                                              u"25.11.2026"_s, u"--time"_s, u"03:00:00"_s }));
+    EXPECT_NE(night[u"id"_s].toString(), rule[u"id"_s].toString());
+
+    EXPECT_EQ(jsonOf(invoke({ u"--json"_s, u"district"_s, u"64285"_s, u"Musterstadt"_s, u"Hauptstr."_s, u"45"_s }))
+                  [u"ortsteil"_s].toString(),
+              u"Neustadt"_s);
+    EXPECT_EQ(invoke({ u"settings-name"_s, u"fms"_s }).out, u"FMSMonitor\n"_s);
+
+    const struct
+    {
+        QStringList args;
+        int exitCode;
+        QString errContains;
+    } failures[] = {
+        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--minutes"_s, u"zwanzig"_s }, 2, u"keine ganze Zahl"_s },
+        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--days"_s, u"2000000"_s }, 1, u"Überlauf"_s },
+        { { u"aao"_s, u"x"_s, u"y"_s, u"B2"_s, u"--date"_s, u"25.11.2026"_s }, 2, u"gehören zusammen"_s },
+        { { u"settings-name"_s, u"karte"_s }, 2, u"weder fms noch lumiron"_s },
+        { { u"split-street"_s }, 2, u"TEXT"_s },
+    };
+    for (const auto &f : failures) {
+        const CliRun r = invoke(f.args);
+        EXPECT_EQ(r.exitCode, f.exitCode) << f.args.join(u' ').toStdString();
+        EXPECT_TRUE(r.err.contains(f.errContains)) << r.err.toStdString();
+    }
+}
+
+} // namespace
