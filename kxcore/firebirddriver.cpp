@@ -1,34 +1,90 @@
-// Firebird through Qt's client driver for it, which speaks the product's native client library.
+// Firebird through its own client library (the isc_* interface). Each statement runs in a
+// read-committed transaction of its own that commits when the statement is done: autocommit.
+// Qt's driver for Firebird was the first choice; it looks up the precision of every scaled
+// NUMERIC column of a result in the system tables, one query per column, which made a query
+// over a table of amounts cost tens of milliseconds.
 #include "kxerror.h"
 #include "sqldialect.h"
 #include "sqldriver.h"
 
-#include <QAtomicInt>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QSqlRecord>
+#include <QDateTime>
+#include <ibase.h>
+#include <cmath>
+#include <cstring>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace kx {
 namespace {
 
-QString nativeText(const QSqlError &error)
+// The client library's message for a failed call, its lines joined.
+QString errorText(const ISC_STATUS *status)
 {
-    const QString text = error.databaseText().trimmed();
-    return text.isEmpty() ? error.text().trimmed() : text;
+    QString text;
+    const ISC_STATUS *vector = status;
+    char buffer[1024];
+    while (fb_interpret(buffer, sizeof buffer, &vector) > 0) {
+        if (!text.isEmpty())
+            text += u'\n';
+        text += QString::fromUtf8(buffer);
+    }
+    return text;
 }
 
-bool isDefinition(const QString &sql)
+// An output description with a buffer and a null indicator for every column.
+class OutputRow
 {
-    static const QString keywords[] = { u"CREATE"_s, u"ALTER"_s, u"DROP"_s, u"RECREATE"_s };
-    const QString head = sql.trimmed().section(u' ', 0, 0);
-    for (const QString &keyword : keywords) {
-        if (head.compare(keyword, Qt::CaseInsensitive) == 0)
-            return true;
+public:
+    explicit OutputRow(short columns) { resize(columns); }
+    ~OutputRow() { std::free(m_sqlda); }
+    OutputRow(const OutputRow &) = delete;
+    OutputRow &operator=(const OutputRow &) = delete;
+
+    XSQLDA *sqlda() { return m_sqlda; }
+
+    void resize(short columns)
+    {
+        std::free(m_sqlda);
+        m_sqlda = static_cast<XSQLDA *>(std::calloc(1, XSQLDA_LENGTH(std::max<short>(columns, 1))));
+        m_sqlda->version = SQLDA_VERSION1;
+        m_sqlda->sqln = std::max<short>(columns, 1);
     }
-    return false;
+
+    // Buffers for the described columns; every column gets a null indicator.
+    void bind()
+    {
+        m_buffers.assign(m_sqlda->sqld, {});
+        m_nulls.assign(m_sqlda->sqld, 0);
+        for (short i = 0; i < m_sqlda->sqld; ++i) {
+            XSQLVAR &var = m_sqlda->sqlvar[i];
+            const int type = var.sqltype & ~1;
+            m_buffers[i].resize(size_t(var.sqllen) + (type == SQL_VARYING ? sizeof(short) : 0) + 1);
+            var.sqldata = m_buffers[i].data();
+            var.sqltype = short(type | 1);
+            var.sqlind = &m_nulls[i];
+        }
+    }
+
+private:
+    XSQLDA *m_sqlda = nullptr;
+    std::vector<std::vector<char>> m_buffers;
+    std::vector<short> m_nulls;
+};
+
+QString columnName(const XSQLVAR &var)
+{
+    return QString::fromUtf8(var.aliasname, var.aliasname_length).trimmed();
+}
+
+double scaled(qint64 value, short scale)
+{
+    return scale < 0 ? double(value) / std::pow(10.0, -scale) : double(value);
+}
+
+QVariant integer(qint64 value, short scale)
+{
+    return scale < 0 ? QVariant(scaled(value, scale)) : QVariant(qlonglong(value));
 }
 
 class FirebirdDriver final : public SqlDriver
@@ -36,80 +92,237 @@ class FirebirdDriver final : public SqlDriver
 public:
     explicit FirebirdDriver(const ConnectionParameters &p)
     {
-        static QAtomicInt counter;
-        m_name = u"kxcore-firebird-%1"_s.arg(counter.fetchAndAddRelaxed(1));
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QIBASE"_s, m_name);
-        if (!db.isValid()) {
-            QSqlDatabase::removeDatabase(m_name);
-            throw DatabaseError(u"Der Firebird-Treiber ist nicht installiert (Qt-Treiber QIBASE)."_s);
-        }
-        db.setHostName(p.host);
-        if (p.port > 0)
-            db.setPort(p.port);
-        db.setDatabaseName(p.database);
-        db.setUserName(p.user);
-        db.setPassword(p.password);
-        db.setConnectOptions(u"ISC_DPB_LC_CTYPE=UTF8"_s);
-        if (!db.open()) {
-            const QString native = nativeText(db.lastError());
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase(m_name);
+        const QByteArray path = (p.host.isEmpty() ? QString() : p.host + (p.port > 0 ? u'/' + QString::number(p.port) : QString()) + u':').toUtf8()
+            + p.database.toUtf8();
+        QByteArray dpb;
+        dpb.append(char(isc_dpb_version1));
+        const auto add = [&dpb](char item, const QByteArray &value) {
+            dpb.append(item).append(char(value.size())).append(value);
+        };
+        add(isc_dpb_user_name, p.user.toUtf8());
+        add(isc_dpb_password, p.password.toUtf8());
+        add(isc_dpb_lc_ctype, "UTF8");
+        ISC_STATUS_ARRAY status;
+        if (isc_attach_database(status, short(path.size()), path.constData(), &m_db, short(dpb.size()), dpb.constData())) {
+            const QString native = errorText(status);
+            m_db = 0;
             throw DatabaseError(u"Die Firebird-Datenbank \"%1\" auf %2 lässt sich nicht öffnen: %3"_s
                                     .arg(p.database, p.host, native),
                                 {}, native);
         }
-        m_open = true;
     }
     ~FirebirdDriver() override { close(); }
 
     SqlResult execute(const QString &sql) override
     {
-        if (!m_open)
+        if (!m_db)
             throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
-        SqlResult result;
-        {
-            // The query runs in a transaction of its own that ends with the query object: autocommit.
-            QSqlQuery query(QSqlDatabase::database(m_name, false));
-            query.setForwardOnly(true);
-            if (!query.exec(sql)) {
-                const QString native = nativeText(query.lastError());
-                throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
-            }
-            const QSqlRecord record = query.record();
-            const int columnCount = record.count();
-            for (int c = 0; c < columnCount; ++c)
-                result.columns << record.fieldName(c);
-            while (query.next()) {
-                QVector<QVariant> row(columnCount);
-                for (int c = 0; c < columnCount; ++c)
-                    row[c] = query.value(c);
-                result.rows.push_back(std::move(row));
-            }
-            if (columnCount > 0)
-                result.rowsAffected = qint64(result.rows.size());
-            else if (!isDefinition(sql))
-                result.rowsAffected = query.numRowsAffected(); // the driver has no count for DDL
+        ISC_STATUS_ARRAY status;
+        isc_tr_handle transaction = 0;
+        static const char tpb[] = { isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version,
+                                    isc_tpb_wait };
+        if (isc_start_transaction(status, &transaction, 1, &m_db, short(sizeof tpb), tpb))
+            fail(status, sql);
+        isc_stmt_handle statement = 0;
+        try {
+            SqlResult result = run(sql, transaction, statement);
+            isc_dsql_free_statement(status, &statement, DSQL_drop);
+            if (isc_commit_transaction(status, &transaction))
+                fail(status, sql);
+            return result;
+        } catch (...) {
+            ISC_STATUS_ARRAY ignored;
+            if (statement)
+                isc_dsql_free_statement(ignored, &statement, DSQL_drop);
+            if (transaction)
+                isc_rollback_transaction(ignored, &transaction);
+            throw;
         }
-        return result;
     }
 
     void close() override
     {
-        if (!m_open)
-            return;
-        m_open = false;
-        {
-            QSqlDatabase db = QSqlDatabase::database(m_name, false);
-            db.close();
+        if (m_db) {
+            ISC_STATUS_ARRAY status;
+            isc_detach_database(status, &m_db);
+            m_db = 0;
         }
-        QSqlDatabase::removeDatabase(m_name);
     }
 
     const SqlDialect &dialect() const override { return firebirdDialect(); }
 
 private:
-    QString m_name;
-    bool m_open = false;
+    [[noreturn]] static void fail(const ISC_STATUS *status, const QString &sql)
+    {
+        const QString native = errorText(status);
+        throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+    }
+
+    SqlResult run(const QString &sql, isc_tr_handle &transaction, isc_stmt_handle &statement)
+    {
+        ISC_STATUS_ARRAY status;
+        if (isc_dsql_allocate_statement(status, &m_db, &statement))
+            fail(status, sql);
+        OutputRow row(20);
+        const QByteArray text = sql.toUtf8();
+        if (isc_dsql_prepare(status, &transaction, &statement, 0, text.constData(), SQL_DIALECT_V6, row.sqlda()))
+            fail(status, sql);
+        if (row.sqlda()->sqld > row.sqlda()->sqln) {
+            row.resize(row.sqlda()->sqld);
+            if (isc_dsql_describe(status, &statement, SQL_DIALECT_V6, row.sqlda()))
+                fail(status, sql);
+        }
+        row.bind();
+        if (isc_dsql_execute(status, &transaction, &statement, SQL_DIALECT_V6, nullptr))
+            fail(status, sql);
+
+        SqlResult result;
+        const XSQLDA *out = row.sqlda();
+        if (out->sqld == 0) {
+            result.rowsAffected = rowsAffected(statement);
+            return result;
+        }
+        for (short c = 0; c < out->sqld; ++c)
+            result.columns << columnName(out->sqlvar[c]);
+        ISC_STATUS fetched = 0;
+        while ((fetched = isc_dsql_fetch(status, &statement, SQL_DIALECT_V6, row.sqlda())) == 0) {
+            QVector<QVariant> values(out->sqld);
+            for (short c = 0; c < out->sqld; ++c)
+                values[c] = value(out->sqlvar[c], transaction, sql);
+            result.rows.push_back(std::move(values));
+        }
+        if (fetched != 100)
+            fail(status, sql);
+        result.rowsAffected = qint64(result.rows.size());
+        return result;
+    }
+
+    QVariant value(const XSQLVAR &var, isc_tr_handle &transaction, const QString &sql)
+    {
+        if (*var.sqlind < 0)
+            return QVariant();
+        const char *data = var.sqldata;
+        switch (var.sqltype & ~1) {
+        case SQL_VARYING: {
+            short length = 0;
+            std::memcpy(&length, data, sizeof length);
+            return QString::fromUtf8(data + sizeof length, length);
+        }
+        case SQL_TEXT: {
+            // CHAR columns come padded with blanks to their length.
+            QString text = QString::fromUtf8(data, var.sqllen);
+            while (text.endsWith(u' '))
+                text.chop(1);
+            return text;
+        }
+        case SQL_SHORT: {
+            short v = 0;
+            std::memcpy(&v, data, sizeof v);
+            return integer(v, var.sqlscale);
+        }
+        case SQL_LONG: {
+            ISC_LONG v = 0;
+            std::memcpy(&v, data, sizeof v);
+            return integer(v, var.sqlscale);
+        }
+        case SQL_INT64: {
+            ISC_INT64 v = 0;
+            std::memcpy(&v, data, sizeof v);
+            return integer(v, var.sqlscale);
+        }
+        case SQL_FLOAT: {
+            float v = 0;
+            std::memcpy(&v, data, sizeof v);
+            return double(v);
+        }
+        case SQL_DOUBLE:
+        case SQL_D_FLOAT: {
+            double v = 0;
+            std::memcpy(&v, data, sizeof v);
+            return v;
+        }
+        case SQL_TYPE_DATE: {
+            struct tm t = {};
+            isc_decode_sql_date(reinterpret_cast<const ISC_DATE *>(data), &t);
+            return QDate(t.tm_year + 1900, t.tm_mon + 1, t.tm_mday);
+        }
+        case SQL_TYPE_TIME: {
+            const ISC_TIME v = *reinterpret_cast<const ISC_TIME *>(data);
+            struct tm t = {};
+            isc_decode_sql_time(&v, &t);
+            return QTime(t.tm_hour, t.tm_min, t.tm_sec, int(v % 10000) / 10);
+        }
+        case SQL_TIMESTAMP: {
+            const ISC_TIMESTAMP v = *reinterpret_cast<const ISC_TIMESTAMP *>(data);
+            struct tm t = {};
+            isc_decode_timestamp(&v, &t);
+            return QDateTime(QDate(t.tm_year + 1900, t.tm_mon + 1, t.tm_mday),
+                             QTime(t.tm_hour, t.tm_min, t.tm_sec, int(v.timestamp_time % 10000) / 10));
+        }
+        case SQL_BOOLEAN:
+            return bool(*reinterpret_cast<const FB_BOOLEAN *>(data));
+        case SQL_BLOB: {
+            const QByteArray bytes = readBlob(*reinterpret_cast<const ISC_QUAD *>(data), transaction, sql);
+            return var.sqlsubtype == 1 ? QVariant(QString::fromUtf8(bytes)) : QVariant(bytes);
+        }
+        default:
+            throw DatabaseError(u"SQL-Fehler: Spaltentyp %1 von \"%2\" wird nicht unterstützt.\n%3"_s
+                                    .arg(var.sqltype & ~1)
+                                    .arg(columnName(var), sql),
+                                sql);
+        }
+    }
+
+    QByteArray readBlob(ISC_QUAD id, isc_tr_handle &transaction, const QString &sql)
+    {
+        ISC_STATUS_ARRAY status;
+        isc_blob_handle blob = 0;
+        if (isc_open_blob2(status, &m_db, &transaction, &blob, &id, 0, nullptr))
+            fail(status, sql);
+        QByteArray bytes;
+        char segment[16384];
+        unsigned short length = 0;
+        for (;;) {
+            const ISC_STATUS rc = isc_get_segment(status, &blob, &length, sizeof segment, segment);
+            if (rc != 0 && status[1] != isc_segment)
+                break; // the end of the blob (or a failure, reported by the close below)
+            bytes.append(segment, length);
+        }
+        const bool ended = status[1] == isc_segstr_eof;
+        ISC_STATUS_ARRAY closing;
+        isc_close_blob(closing, &blob);
+        if (!ended)
+            fail(status, sql);
+        return bytes;
+    }
+
+    // The rows an INSERT, UPDATE or DELETE touched; -1 for other statements.
+    static qint64 rowsAffected(isc_stmt_handle &statement)
+    {
+        ISC_STATUS_ARRAY status;
+        const char items[] = { isc_info_sql_records };
+        char buffer[64] = {};
+        if (isc_dsql_sql_info(status, &statement, sizeof items, items, sizeof buffer, buffer) || buffer[0] != isc_info_sql_records)
+            return -1;
+        qint64 count = 0;
+        bool any = false;
+        const char *p = buffer + 3;
+        while (*p != isc_info_end && p < buffer + sizeof buffer - 3) {
+            const char item = *p++;
+            const short length = short(isc_vax_integer(p, 2));
+            p += 2;
+            const qint64 value = isc_vax_integer(p, length);
+            p += length;
+            if (item == isc_info_req_insert_count || item == isc_info_req_update_count
+                || item == isc_info_req_delete_count) {
+                count += value;
+                any = true;
+            }
+        }
+        return any ? count : -1;
+    }
+
+    isc_db_handle m_db = 0;
 };
 
 } // namespace

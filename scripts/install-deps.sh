@@ -3,7 +3,7 @@
 # As root it installs what is missing; otherwise it prints the command to run.
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase
-          libsqlite3-dev libpq-dev libgtest-dev libbenchmark-dev
+          libsqlite3-dev libpq-dev firebird-dev libgtest-dev libbenchmark-dev
           postgresql firebird3.0-server firebird3.0-utils)
 missing=()
 for p in "${packages[@]}"; do
