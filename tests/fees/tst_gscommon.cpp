@@ -31,6 +31,7 @@ protected:
         fee_AddSurcharge(flat, m_costId, 2, 120, { { u"FW_SVGV"_s, 4 } });
         fee_AddSurcharge(QString::fromUtf16(HourlyBeyond), m_costId, 2, 120, { { u"SVGV_KT"_s, 30 } });
         fee_AddSurcharge(QString::fromUtf16(RateSurcharges), m_costId, 0.5, 30, { { u"FWA_FW_SZ"_s, 1.5 } });
+        fee_AddCosts(fee_AddEvent(u"S"_s, u"GENAU"_s), { { u"VK_SVGV_KT"_s, 0.01 } });
         // A schedule without events at all.
         fee_AddSchedule(u"Leer"_s, u"LEER"_s);
     }
@@ -112,6 +113,20 @@ TEST_F(GSCommonTest, StatementTexts)
     trace.clear();
     CalcGebuhren(QString(), u"BRAND"_s, 0, 1, 0, 0, a, b, c);
     EXPECT_TRUE(trace.statements().isEmpty());
+}
+
+TEST_F(GSCommonTest, SumsInExtendedPrecision)
+{
+    if (IsSkipped() || HasFailure())
+        return;
+    // 0.01 an hour for 75 minutes: 0.01 / 60 x 75 is 0.012499999999999999 in double arithmetic and
+    // 0.0125 when the term is formed in extended precision and stored back once.
+    const double doubleOnly = 0.01 / 60 * 75;
+    const double extended = double(0.01L / 60 * 75);
+    ASSERT_NE(doubleOnly, extended);
+    double a = 0, b = 0, c = 0;
+    CalcGebuhren(u"S"_s, u"GENAU"_s, 0, 0, 75, 0, a, b, c);
+    EXPECT_EQ(c, extended);
 }
 
 TEST_F(GSCommonTest, BilledMinutesOverflowIsAnError)
