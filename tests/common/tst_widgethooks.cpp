@@ -1,0 +1,73 @@
+// The widget hooks on the offscreen platform: MsgDlg as a real message box.
+#include "msgdlg.h"
+#include "widgethooks.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Presses the button of the open message box when it shows, and notes what it showed.
+struct Answer
+{
+    QMessageBox::StandardButton press;
+    QString text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QList<QMessageBox::StandardButton> buttons;
+};
+
+void answerWhenShown(Answer &answer)
+{
+    QTimer::singleShot(0, [&answer] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        answer.text = box->text();
+        answer.icon = box->icon();
+        for (QAbstractButton *b : box->buttons())
+            answer.buttons << box->standardButton(b);
+        box->button(answer.press)->click();
+    });
+}
+
+TEST(WidgetHooks, MsgDlgShowsAMessageBoxAndReturnsTheAnswer)
+{
+    installWidgetHooks();
+    const struct
+    {
+        TMsgDlgType type;
+        unsigned buttons;
+        QMessageBox::StandardButton press;
+        QMessageBox::Icon icon;
+        int result;
+    } cases[] = {
+        { TMsgDlgType::mtConfirmation, mbYesNo, QMessageBox::No, QMessageBox::Question, mrNo },
+        { TMsgDlgType::mtConfirmation, mbYesNoCancel, QMessageBox::Yes, QMessageBox::Question, mrYes },
+        { TMsgDlgType::mtError, mbOK, QMessageBox::Ok, QMessageBox::Critical, mrOk },
+        { TMsgDlgType::mtWarning, mbAbort | mbRetry | mbIgnore, QMessageBox::Retry, QMessageBox::Warning, mrRetry },
+        { TMsgDlgType::mtInformation, mbOKCancel, QMessageBox::Cancel, QMessageBox::Information, mrCancel },
+    };
+    for (const auto &c : cases) {
+        Answer answer{ c.press };
+        answerWhenShown(answer);
+        EXPECT_EQ(MsgDlg(u"Der Scanner ist belegt. Erneut versuchen?"_s, c.type, c.buttons), c.result);
+        EXPECT_EQ(answer.text, u"Der Scanner ist belegt. Erneut versuchen?"_s);
+        EXPECT_EQ(answer.icon, c.icon);
+        EXPECT_EQ(answer.buttons.size(), qPopulationCount(c.buttons));
+    }
+    setMsgDlgHandler(nullptr);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
