@@ -1,5 +1,8 @@
 #include "command.h"
 
+#include "kxerror.h"
+#include "sqltool.h"
+
 using namespace Qt::StringLiterals;
 
 CliArguments::CliArguments(const CliContext &context, const QStringList &valued, const QStringList &flags)
@@ -29,4 +32,26 @@ const QStringList &CliArguments::positional(int count, const QString &what) cons
     if (m_positional.size() != count)
         throw CliUsageError{ u"erwartet %1."_s.arg(what) };
     return m_positional;
+}
+
+double cliNumber(const QString &text, const QString &what)
+{
+    try {
+        return kx::parseFloat(text);
+    } catch (const kx::ConvertError &) {
+        bool ok = false;
+        const double value = text.trimmed().toDouble(&ok);
+        if (!ok)
+            throw CliUsageError{ u"%1 \"%2\" ist keine Zahl."_s.arg(what, text) };
+        return value;
+    }
+}
+
+int cliWholeNumber(const QString &text, const QString &what)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    if (!ok)
+        throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 32-Bit-Bereich."_s.arg(what, text) };
+    return value;
 }

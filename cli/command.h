@@ -49,6 +49,11 @@ void registerDispatchCommands();
 
 // The options and positional arguments of a sub-command. "--name value" for the named valued
 // options, "--name" for the flags; everything else, and all after "--", is positional.
+// A number in German ("2,5") or plain ("2.5") writing; a usage error names What.
+double cliNumber(const QString &text, const QString &what);
+// A whole number in the 32-bit range; a usage error names What.
+int cliWholeNumber(const QString &text, const QString &what);
+
 class CliArguments
 {
 public:

@@ -16,28 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int32_t wholeNumber(const QString &text, const QString &what)
-{
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    if (!ok)
-        throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 32-Bit-Bereich."_s.arg(what, text) };
-    return value;
-}
-
-double decimal(const QString &text, const QString &what)
-{
-    try {
-        return kx::parseFloat(text);
-    } catch (const kx::ConvertError &) {
-        bool ok = false;
-        const double value = text.trimmed().toDouble(&ok);
-        if (!ok)
-            throw CliUsageError{ u"%1 \"%2\" ist keine Zahl."_s.arg(what, text) };
-        return value;
-    }
-}
-
 CliOutput feeInit(const CliContext &context)
 {
     const CliArguments args(context, {}, { u"sample"_s });
@@ -55,13 +33,13 @@ CliOutput fee(const CliContext &context)
 {
     const CliArguments args(context, { u"days"_s, u"hours"_s, u"minutes"_s, u"quantity"_s, u"km"_s }, {});
     const QStringList &p = args.positional(2, u"SATZUNG EREIGNIS"_s);
-    const int32_t days = wholeNumber(args.value(u"days"_s, u"0"_s), u"Tage"_s);
-    const int32_t hours = wholeNumber(args.value(u"hours"_s, u"0"_s), u"Stunden"_s);
-    const int32_t minutes = wholeNumber(args.value(u"minutes"_s, u"0"_s), u"Minuten"_s);
-    const double quantity = decimal(args.value(u"quantity"_s, u"0"_s), u"Die Menge"_s);
+    const int32_t days = cliWholeNumber(args.value(u"days"_s, u"0"_s), u"Tage"_s);
+    const int32_t hours = cliWholeNumber(args.value(u"hours"_s, u"0"_s), u"Stunden"_s);
+    const int32_t minutes = cliWholeNumber(args.value(u"minutes"_s, u"0"_s), u"Minuten"_s);
+    const double quantity = cliNumber(args.value(u"quantity"_s, u"0"_s), u"Die Menge"_s);
     double a = 0, b = 0, c = 0;
     if (args.has(u"km"_s))
-        CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, decimal(args.value(u"km"_s), u"Die Kilometerzahl"_s), a,
+        CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, cliNumber(args.value(u"km"_s), u"Die Kilometerzahl"_s), a,
                      b, c);
     else
         CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, a, b, c);

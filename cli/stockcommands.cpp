@@ -17,26 +17,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A number in German ("2,5") or plain ("2.5") writing.
-double number(const QString &text, const QString &what)
-{
-    try {
-        return kx::parseFloat(text);
-    } catch (const kx::ConvertError &) {
-        bool ok = false;
-        const double value = text.trimmed().toDouble(&ok);
-        if (!ok)
-            throw CliUsageError{ u"%1 \"%2\" ist keine Zahl."_s.arg(what, text) };
-        return value;
-    }
-}
-
 int articleNumber(const QString &text)
 {
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    if (!ok)
-        throw CliUsageError{ u"Die Artikelnummer \"%1\" ist keine ganze Zahl."_s.arg(text) };
-    return value;
+    return cliWholeNumber(text, u"Die Artikelnummer"_s);
 }
 
 template<class Enum>
@@ -89,7 +72,7 @@ CliOutput addArticle(const CliContext &context)
     const CliArguments args(context, { u"bestand"_s }, {});
     const QStringList &p = args.positional(2, u"ARTIKELNUMMER NAME"_s);
     const int idnummer = articleNumber(p[0]);
-    const double base = number(args.value(u"bestand"_s, u"0"_s), u"Der Grundbestand"_s);
+    const double base = cliNumber(args.value(u"bestand"_s, u"0"_s), u"Der Grundbestand"_s);
     const QString id = stock_AddArticle(idnummer, p[1], base);
     return { QJsonObject{ { u"id"_s, id }, { u"idnummer"_s, idnummer }, { u"name"_s, p[1] }, { u"bestand"_s, base } },
              u"Artikel %1 \"%2\" angelegt (Grundbestand %3).\n"_s.arg(idnummer).arg(p[1], amount(base)) };
@@ -99,8 +82,8 @@ CliOutput setLine(const CliContext &context)
 {
     const CliArguments args(context, { u"preis"_s, u"charge"_s, u"lager"_s }, {});
     const QStringList &p = args.positional(4, u"TABELLE BELEG ARTIKELNUMMER MENGE"_s);
-    StockLine line{ p[0], p[1], articleNumber(p[2]), number(p[3], u"Die Menge"_s),
-                    number(args.value(u"preis"_s, u"0"_s), u"Der Preis"_s), args.value(u"charge"_s),
+    StockLine line{ p[0], p[1], articleNumber(p[2]), cliNumber(p[3], u"Die Menge"_s),
+                    cliNumber(args.value(u"preis"_s, u"0"_s), u"Der Preis"_s), args.value(u"charge"_s),
                     args.value(u"lager"_s) };
     const QString id = stock_SetLine(line);
     return { QJsonObject{ { u"id"_s, id }, { u"table"_s, line.table }, { u"document"_s, line.document },
