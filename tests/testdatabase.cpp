@@ -1,5 +1,7 @@
 #include "testdatabase.h"
 
+#include "globals.h"
+
 #include "sqldialect.h"
 #include "sqlquery.h"
 
@@ -27,6 +29,7 @@ QString connectionString(QTemporaryDir &scratch)
 
 void DatabaseTest::SetUp()
 {
+    cWorkPath = m_scratch.path(); // log files of the test go with its scratch folder
     m_connectionString = connectionString(m_scratch);
     const bool ci = qEnvironmentVariable("CI") == u"true"_s;
     if (m_connectionString.isEmpty()) {
@@ -49,6 +52,7 @@ void DatabaseTest::SetUp()
 void DatabaseTest::TearDown()
 {
     compSqlConnection->Close();
+    cWorkPath.clear();
 }
 
 kx::SqlResult exec(const QString &sql)

@@ -1,8 +1,10 @@
 // The stock log: receipts, issues drawn first-in-first-out, corrections, monthly balances.
+#include "log.h"
 #include "sqltool.h"
 #include "stocktest.h"
 #include "strtools.h"
 
+#include <QFile>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -247,6 +249,9 @@ TEST_F(LagerLogTest, FailingBalanceIsSwallowedOtherFailuresAreNot)
     EXPECT_NO_THROW(post({ latAdd, lmtIn, kxtest::oneLineDocument(810, 3, 1) }));
     EXPECT_EQ(stock_ReadLog(articleId).size(), 1);
     EXPECT_EQ(kxtest::counts(810), u"3|0|0|3"_s);
+    QFile errors(errorLogFilePath());
+    ASSERT_TRUE(errors.open(QIODevice::ReadOnly)) << "the swallowed failure leaves a line in the error log";
+    EXPECT_TRUE(QString::fromUtf8(errors.readAll()).contains(u"Monatsbestand nicht fortgeschrieben"_s));
 
     exec(u"drop table LagerLog"_s);
     EXPECT_THROW(post({ latAdd, lmtIn, kxtest::oneLineDocument(810, 3, 1) }), kx::DatabaseError);
