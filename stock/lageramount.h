@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lagercommon.h"
 #include "sqltool.h"
 
 #include <QString>
@@ -12,6 +13,38 @@ inline QString afterMinus(double amount)
 {
     const QString literal = sqlConvertFloat(amount);
     return amount < 0 ? u'(' + literal + u')' : literal;
+}
+
+// "Column=Column+amount" or "Column=Column-amount" for a booking: an addition adds the unbooked
+// part A - C and a removal takes it away (signed: a reduced line goes back), a reset moves the
+// whole line quantity A the other way. Reversed swaps the signs (a batch's issued quantity moves
+// against its available one). Empty for an action outside the four.
+inline QString bookingAssignment(const QString &column, TCLagerActionType action, double A, double C,
+                                 bool reversed = false)
+{
+    double amount = 0;
+    bool plus = true;
+    switch (action) {
+    case latAdd:
+        amount = A - C;
+        break;
+    case latSub:
+        amount = A - C;
+        plus = false;
+        break;
+    case latResetAdd:
+        amount = A;
+        plus = false;
+        break;
+    case latResetSub:
+        amount = A;
+        break;
+    default:
+        return QString();
+    }
+    if (reversed)
+        plus = !plus;
+    return column + u'=' + column + (plus ? u'+' + sqlConvertFloat(amount) : u'-' + afterMinus(amount));
 }
 
 } // namespace kx::stock

@@ -94,24 +94,11 @@ void TCLagerAction::CalcLagerCountBasedOnCharge(const QString &)
     const double C = DataQuery->FieldByName(u"CountLager"_s).AsFloat();
     const QString idnummer = DataQuery->FieldByName(u"idnummer"_s).AsString();
 
-    QString first;
-    switch (fAction) {
-    case latAdd:
-        first = u"Update Artikel set CountCharge=CountCharge+"_s + sqlConvertFloat(A - C);
-        break;
-    case latSub:
-        // Deliberate: the signed difference, so a reduced line gives batch stock back.
-        first = u"Update Artikel set CountCharge=CountCharge-"_s + afterMinus(A - C);
-        break;
-    case latResetAdd:
-        first = u"Update Artikel set CountCharge=CountCharge-"_s + afterMinus(A);
-        break;
-    case latResetSub:
-        first = u"Update Artikel set CountCharge=CountCharge+"_s + sqlConvertFloat(A);
-        break;
-    default:
+    // Deliberate: a removal books the signed difference, so a reduced line gives batch stock back.
+    const QString change = kx::stock::bookingAssignment(u"CountCharge"_s, fAction, A, C);
+    if (change.isEmpty())
         return;
-    }
+    const QString first = u"Update Artikel set "_s + change;
     const QString where = u"Where Idnummer="_s + idnummer;
     runModi({ first, u", Bestand=CountBestand+CountLager+CountCharge"_s, where });
     // As for ordinary lines: the total is set again from the counts the first statement changed.

@@ -7,7 +7,7 @@
 #include "strtools.h"
 
 using namespace Qt::StringLiterals;
-using kx::stock::afterMinus;
+using kx::stock::bookingAssignment;
 
 namespace {
 
@@ -20,26 +20,6 @@ void addLineConditions(TCStrings &sql, const QString &linkvalue, TCLagerActionTy
         sql.Add(u"AND ANZAHL<>"_s + bookedColumn);
     sql.Add(u"AND IDNUMMER<>999999"_s);
     sql.Add(u"AND (NOT (IDNUMMER IS NULL))"_s);
-}
-
-// The two assignment lines of a batch booking.
-QStringList chargeAssignments(TCLagerActionType action, double A, double C)
-{
-    switch (action) {
-    case latAdd:
-        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN-"_s + afterMinus(A - C) + u',',
-                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR+"_s + sqlConvertFloat(A - C) };
-    case latSub:
-        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN+"_s + sqlConvertFloat(A - C) + u',',
-                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR-"_s + afterMinus(A - C) };
-    case latResetAdd:
-        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN+"_s + sqlConvertFloat(A) + u',',
-                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR-"_s + afterMinus(A) };
-    case latResetSub:
-        return { u"ANZAHLAUSGEGEBEN=ANZAHLAUSGEGEBEN-"_s + afterMinus(A) + u',',
-                 u"ANZAHLVERFUEGBAR=ANZAHLVERFUEGBAR+"_s + sqlConvertFloat(A) };
-    }
-    return {};
 }
 
 } // namespace
@@ -70,9 +50,10 @@ void TCLagerAction::Execute()
             } else {
                 const double A = DataQuery->FieldByName(u"ANZAHL"_s).AsFloat();
                 const double C = DataQuery->FieldByName(u"COUNTLAGER"_s).AsFloat();
-                QStringList lines{ u"UPDATE ARTIKEL_CHARGE SET"_s };
-                lines << chargeAssignments(fAction, A, C) << u"WHERE ID='"_s + chargeId + u"'"_s;
-                runModi(lines);
+                runModi({ u"UPDATE ARTIKEL_CHARGE SET"_s,
+                          bookingAssignment(u"ANZAHLAUSGEGEBEN"_s, fAction, A, C, true) + u',',
+                          bookingAssignment(u"ANZAHLVERFUEGBAR"_s, fAction, A, C),
+                          u"WHERE ID='"_s + chargeId + u"'"_s });
                 CalcLagerCountBasedOnCharge(lineId);
             }
         }
@@ -95,21 +76,8 @@ void TCLagerAction::ExecuteOrder()
     while (!DataQuery->Eof()) {
         const double A = DataQuery->FieldByName(u"ANZAHL"_s).AsFloat();
         const double B = DataQuery->FieldByName(u"COUNTBESTELLT"_s).AsFloat();
-        QString assignment;
-        switch (fAction) {
-        case latAdd:
-            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+"_s + sqlConvertFloat(A - B);
-            break;
-        case latSub:
-            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-"_s + afterMinus(A - B);
-            break;
-        case latResetAdd:
-            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-"_s + afterMinus(A);
-            break;
-        case latResetSub:
-            assignment = u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+"_s + sqlConvertFloat(A);
-            break;
-        }
+        const QString assignment =
+            u"UPDATE ARTIKEL SET "_s + bookingAssignment(u"COUNTBESTELLT"_s, fAction, A, B);
         runModi({ assignment, u"WHERE IDNUMMER="_s + DataQuery->FieldByName(u"IDNUMMER"_s).AsString() });
         DataQuery->Next();
     }
