@@ -37,16 +37,6 @@ QList<TCTableDef> tables()
     };
 }
 
-QString quoted(const QString &text)
-{
-    return u'\'' + sqlConvertString(text) + u'\'';
-}
-
-QString textOrNull(const QString &text)
-{
-    return text.isEmpty() ? u"''"_s : quoted(text);
-}
-
 QString numberOrNull(const std::optional<int> &value)
 {
     return value ? QString::number(*value) : u"NULL"_s;
@@ -70,17 +60,17 @@ QString dispatch_AddRule(const AaoRule &rule)
     static const QString days[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s, u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
     const QString id = sqlGenIdValue();
     kx::SqlValueList row;
-    row.add(u"ID"_s, quoted(id))
-        .add(u"BEZEICHNUNG"_s, textOrNull(rule.bezeichnung))
-        .add(u"ALARMKUERZEL"_s, quoted(rule.alarmkuerzel))
-        .add(u"ALARMOBJEKT"_s, textOrNull(rule.objekt))
-        .add(u"EINSATZORT"_s, textOrNull(rule.einsatzort))
+    row.addText(u"ID"_s, id)
+        .addText(u"BEZEICHNUNG"_s, rule.bezeichnung)
+        .addText(u"ALARMKUERZEL"_s, rule.alarmkuerzel)
+        .addText(u"ALARMOBJEKT"_s, rule.objekt)
+        .addText(u"EINSATZORT"_s, rule.einsatzort)
         // Written 0, never null: a null sorts before 1 in a descending order on some products.
         .add(u"EXTENDEDSETTINGS"_s, rule.restricted ? u"1"_s : u"0"_s);
     for (int d = 0; d < 7; ++d)
         row.add(days[d], rule.weekdays[d] ? u"1"_s : u"0"_s);
-    row.add(u"ES_FROMTIME"_s, textOrNull(rule.fromTime))
-        .add(u"ES_TOTIME"_s, textOrNull(rule.toTime))
+    row.addText(u"ES_FROMTIME"_s, rule.fromTime)
+        .addText(u"ES_TOTIME"_s, rule.toTime)
         .add(u"ES_FROMDATE"_s, dateOrNull(rule.fromDate))
         .add(u"ES_TODATE"_s, dateOrNull(rule.toDate));
     SqlExec(SqlBuildInsertSql(u"AAO"_s, row.pairs()));
@@ -91,27 +81,27 @@ QString dispatch_RuleName(const QString &ruleId)
 {
     if (ruleId.isEmpty())
         return QString();
-    return sqlGetValue(u"select BEZEICHNUNG from AAO where ID="_s + quoted(ruleId));
+    return sqlGetValue(u"select BEZEICHNUNG from AAO where ID="_s + kx::sqlQuoted(ruleId));
 }
 
 void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort)
 {
     kx::SqlValueList row;
-    row.add(u"ID"_s, quoted(sqlGenIdValue())).add(u"IDPARENT"_s, quoted(ruleId)).add(u"EINSATZORT"_s, quoted(einsatzort));
+    row.addText(u"ID"_s, sqlGenIdValue()).addText(u"IDPARENT"_s, ruleId).addText(u"EINSATZORT"_s, einsatzort);
     SqlExec(SqlBuildInsertSql(u"AAO_Orte"_s, row.pairs()));
 }
 
 void dispatch_AddOrt(const OrtEntry &e)
 {
     kx::SqlValueList row;
-    row.add(u"ID"_s, quoted(sqlGenIdValue()))
-        .add(u"PLZ"_s, quoted(e.plz))
-        .add(u"ORT"_s, quoted(e.ort))
-        .add(u"ORTSTEIL"_s, quoted(e.ortsteil))
-        .add(u"STRASSE"_s, quoted(e.strasse))
-        .add(u"SELECTPLZ"_s, quoted(SqlGetSelectFieldValue(e.plz)))
-        .add(u"SELECTORT"_s, quoted(SqlGetSelectFieldValue(e.ort)))
-        .add(u"SELECTSTRASSE"_s, quoted(SqlGetSelectFieldValue(e.strasse)))
+    row.addText(u"ID"_s, sqlGenIdValue())
+        .addText(u"PLZ"_s, e.plz)
+        .addText(u"ORT"_s, e.ort)
+        .addText(u"ORTSTEIL"_s, e.ortsteil)
+        .addText(u"STRASSE"_s, e.strasse)
+        .addText(u"SELECTPLZ"_s, SqlGetSelectFieldValue(e.plz))
+        .addText(u"SELECTORT"_s, SqlGetSelectFieldValue(e.ort))
+        .addText(u"SELECTSTRASSE"_s, SqlGetSelectFieldValue(e.strasse))
         .add(u"HNRGVON"_s, numberOrNull(e.geradeVon))
         .add(u"HNRGBIS"_s, numberOrNull(e.geradeBis))
         .add(u"HNRUVON"_s, numberOrNull(e.ungeradeVon))
@@ -121,7 +111,7 @@ void dispatch_AddOrt(const OrtEntry &e)
 
 void dispatch_AddSysparam(const QString &p1)
 {
-    SqlExec(u"Insert into sysparam (ID,P1) values ("_s + quoted(sqlGenIdValue()) + u","_s + quoted(p1) + u")"_s);
+    SqlExec(u"Insert into sysparam (ID,P1) values ("_s + kx::sqlQuoted(sqlGenIdValue()) + u","_s + kx::sqlQuoted(p1) + u")"_s);
 }
 
 void dispatch_AddSampleData()

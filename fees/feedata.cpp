@@ -46,11 +46,6 @@ QList<TCTableDef> tables()
     return result;
 }
 
-QString quoted(const QString &text)
-{
-    return u'\'' + sqlConvertString(text) + u'\'';
-}
-
 // Adds each listed column with its amount, every other one with 0.
 void addAmounts(kx::SqlValueList &row, const QStringList &columns, const QMap<QString, double> &amounts)
 {
@@ -62,7 +57,7 @@ QString insertRow(const QString &table, kx::SqlValueList &row, QString id = QStr
 {
     if (id.isEmpty())
         id = sqlGenIdValue();
-    row.set(u"ID"_s, quoted(id));
+    row.set(u"ID"_s, kx::sqlQuoted(id));
     SqlExec(SqlBuildInsertSql(table, row.pairs()));
     return id;
 }
@@ -78,14 +73,14 @@ void fee_CreateTables()
 QString fee_AddSchedule(const QString &name, const QString &id)
 {
     kx::SqlValueList row;
-    row.add(u"ID"_s, QString()).add(u"BEZEICHNUNG"_s, quoted(name));
+    row.add(u"ID"_s, QString()).addText(u"BEZEICHNUNG"_s, name);
     return insertRow(u"gSchlussel"_s, row, id);
 }
 
 QString fee_AddEvent(const QString &scheduleId, const QString &ereignis)
 {
     kx::SqlValueList row;
-    row.add(u"ID"_s, QString()).add(u"IDPARENT"_s, quoted(scheduleId)).add(u"EREIGNIS"_s, quoted(ereignis));
+    row.add(u"ID"_s, QString()).addText(u"IDPARENT"_s, scheduleId).addText(u"EREIGNIS"_s, ereignis);
     return insertRow(u"gSchlussel_Ereignisse"_s, row);
 }
 
@@ -93,7 +88,7 @@ void fee_AddRounding(const QString &scheduleId, int bisMinuten, int minuten, int
 {
     kx::SqlValueList row;
     row.add(u"ID"_s, QString())
-        .add(u"IDPARENT"_s, quoted(scheduleId))
+        .addText(u"IDPARENT"_s, scheduleId)
         .add(u"BISMINUTEN"_s, QString::number(bisMinuten))
         .add(u"MINUTEN"_s, QString::number(minuten))
         .add(u"STUNDEN"_s, QString::number(stunden));
@@ -103,7 +98,7 @@ void fee_AddRounding(const QString &scheduleId, int bisMinuten, int minuten, int
 QString fee_AddCosts(const QString &eventId, const QMap<QString, double> &amounts)
 {
     kx::SqlValueList row;
-    row.add(u"ID"_s, QString()).add(u"IDEREIGNIS"_s, quoted(eventId));
+    row.add(u"ID"_s, QString()).addText(u"IDEREIGNIS"_s, eventId);
     QStringList columns;
     for (const QString &leg : legs)
         columns << u"FK_"_s + leg;
@@ -119,7 +114,7 @@ void fee_AddSurcharge(const QString &table, const QString &costId, double anzahl
 {
     kx::SqlValueList row;
     row.add(u"ID"_s, QString())
-        .add(u"IDPARENT"_s, quoted(costId))
+        .addText(u"IDPARENT"_s, costId)
         .add(u"ANZAHL"_s, sqlConvertFloat(anzahl))
         .add(u"CALCMINUTEN"_s, QString::number(calcMinuten));
     addAmounts(row, legs, amounts);

@@ -195,7 +195,7 @@ QString literal(const QVariant &value)
     case QMetaType::QDate:
         return u'\'' + sqlConvertDate(value.toDate()) + u'\'';
     default:
-        return u'\'' + sqlConvertString(value.toString()) + u'\'';
+        return kx::sqlQuoted(value.toString());
     }
 }
 

@@ -236,6 +236,11 @@ QStringList GetFieldnamesMSSql(const QString &table)
 
 namespace kx {
 
+QString sqlQuoted(const QString &text)
+{
+    return u'\'' + sqlConvertString(text) + u'\'';
+}
+
 SqlValueList &SqlValueList::set(const QString &name, const QString &sqlValue)
 {
     for (QString &pair : m_pairs) {
@@ -249,7 +254,7 @@ SqlValueList &SqlValueList::set(const QString &name, const QString &sqlValue)
 
 SqlValueList &SqlValueList::addText(const QString &name, const QString &text)
 {
-    return add(name, u'\'' + sqlConvertString(text) + u'\'');
+    return add(name, sqlQuoted(text));
 }
 
 QString formatFloat(double value)

@@ -56,6 +56,9 @@ QStringList GetFieldnamesMSSql(const QString &table);
 
 namespace kx {
 
+// The text as a quoted SQL literal, quotes inside doubled.
+QString sqlQuoted(const QString &text);
+
 // Builds the "NAME=value" list of SqlBuildInsertSql and SqlBuildUpdateSql.
 class SqlValueList
 {

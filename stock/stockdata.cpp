@@ -48,11 +48,6 @@ QList<TCTableDef> moduleTables()
     };
 }
 
-QString quoted(const QString &text)
-{
-    return u'\'' + sqlConvertString(text) + u'\'';
-}
-
 // Opens a query on the application's connection; the caller reads it.
 void openQuery(TCSqlQuery &query, const QString &sql)
 {
@@ -74,9 +69,9 @@ QString stock_AddArticle(int idnummer, const QString &name, double baseStock)
 {
     const QString id = sqlGenIdValue();
     kx::SqlValueList row;
-    row.add(u"ID"_s, quoted(id))
+    row.addText(u"ID"_s, id)
         .add(u"IDNUMMER"_s, QString::number(idnummer))
-        .add(u"BEZEICHNUNG"_s, quoted(name))
+        .addText(u"BEZEICHNUNG"_s, name)
         .add(u"COUNTLAGER"_s, u"0"_s)
         .add(u"COUNTBESTAND"_s, sqlConvertFloat(baseStock))
         .add(u"COUNTCHARGE"_s, u"0"_s)
@@ -91,9 +86,9 @@ QString stock_AddCharge(const QString &articleId, const QString &name, double av
 {
     const QString id = sqlGenIdValue();
     kx::SqlValueList row;
-    row.add(u"ID"_s, quoted(id))
-        .add(u"IDPARENT"_s, quoted(articleId))
-        .add(u"CHARGE"_s, quoted(name))
+    row.addText(u"ID"_s, id)
+        .addText(u"IDPARENT"_s, articleId)
+        .addText(u"CHARGE"_s, name)
         .add(u"ANZAHLAUSGEGEBEN"_s, u"0"_s)
         .add(u"ANZAHLVERFUEGBAR"_s, sqlConvertFloat(available));
     SqlExec(SqlBuildInsertSql(u"ARTIKEL_CHARGE"_s, row.pairs()));
@@ -103,29 +98,29 @@ QString stock_AddCharge(const QString &articleId, const QString &name, double av
 QString stock_AddOrder()
 {
     const QString id = sqlGenIdValue();
-    SqlExec(u"Insert into Bestellungen (ID,DATUM) values ("_s + quoted(id) + u",'"_s
+    SqlExec(u"Insert into Bestellungen (ID,DATUM) values ("_s + kx::sqlQuoted(id) + u",'"_s
             + sqlConvertDate(QDate::currentDate()) + u"')"_s);
     return id;
 }
 
 QString stock_SetLine(const StockLine &line)
 {
-    QString where = u" where IDPARENT="_s + quoted(line.document) + u" and IDNUMMER="_s + QString::number(line.idnummer);
+    QString where = u" where IDPARENT="_s + kx::sqlQuoted(line.document) + u" and IDNUMMER="_s + QString::number(line.idnummer);
     if (!line.chargeId.isEmpty())
-        where += u" and CHARGEID="_s + quoted(line.chargeId);
+        where += u" and CHARGEID="_s + kx::sqlQuoted(line.chargeId);
     if (!line.lagerId.isEmpty())
-        where += u" and LAGERID="_s + quoted(line.lagerId);
+        where += u" and LAGERID="_s + kx::sqlQuoted(line.lagerId);
     const bool orderLines = line.table.compare(QString::fromUtf16(OrderLineTable), Qt::CaseInsensitive) == 0;
     QString id = sqlGetValue(u"select ID from "_s + line.table + where);
     if (!id.isEmpty()) {
         SqlExec(u"update "_s + line.table + u" set ANZAHL="_s + sqlConvertFloat(line.quantity) + u",NETTO="_s
-                + sqlConvertFloat(line.netto) + u" where ID="_s + quoted(id));
+                + sqlConvertFloat(line.netto) + u" where ID="_s + kx::sqlQuoted(id));
         return id;
     }
     id = sqlGenIdValue();
     kx::SqlValueList row;
-    row.add(u"ID"_s, quoted(id))
-        .add(u"IDPARENT"_s, quoted(line.document))
+    row.addText(u"ID"_s, id)
+        .addText(u"IDPARENT"_s, line.document)
         .add(u"IDNUMMER"_s, QString::number(line.idnummer))
         .add(u"ANZAHL"_s, sqlConvertFloat(line.quantity))
         .add(u"COUNTLAGER"_s, u"0"_s)
@@ -134,9 +129,9 @@ QString stock_SetLine(const StockLine &line)
     if (!orderLines) {
         row.add(u"HASCHARGE"_s, line.chargeId.isEmpty() ? u"0"_s : u"1"_s);
         if (!line.chargeId.isEmpty())
-            row.add(u"CHARGEID"_s, quoted(line.chargeId));
+            row.addText(u"CHARGEID"_s, line.chargeId);
         if (!line.lagerId.isEmpty())
-            row.add(u"LAGERID"_s, quoted(line.lagerId));
+            row.addText(u"LAGERID"_s, line.lagerId);
     }
     SqlExec(SqlBuildInsertSql(line.table, row.pairs()));
     return id;
@@ -172,7 +167,7 @@ QList<StockLogRow> stock_ReadLog(const QString &articleId)
     TCSqlQuery query;
     openQuery(query, u"select ID,DATUM,UHRZEIT,ART,TABELLE,LINKID,OUT_IDIN,TSTAMP,LLMODE,SOURCEMODE,ANZAHL,"
                      u"OLDCOUNTBESTAND,COUNTBESTAND,PREIS,INCOUNTAVAIL from LagerLog where IDARTIKEL="_s
-                         + quoted(articleId) + u" order by TSTAMP"_s);
+                         + kx::sqlQuoted(articleId) + u" order by TSTAMP"_s);
     QList<StockLogRow> rows;
     for (; !query.Eof(); query.Next()) {
         StockLogRow r;
@@ -201,7 +196,7 @@ QList<StockMonthRow> stock_ReadMonths(const QString &articleId)
     TCSqlQuery query;
     openQuery(query, u"select JAHR,MONAT,ANFANGSBESTAND,ENDBESTAND,ANFANGSDATE,ENDDATE from LagerLogMonth "
                      u"where IDARTIKEL="_s
-                         + quoted(articleId) + u" order by JAHR,MONAT"_s);
+                         + kx::sqlQuoted(articleId) + u" order by JAHR,MONAT"_s);
     QList<StockMonthRow> rows;
     for (; !query.Eof(); query.Next()) {
         StockMonthRow r;
