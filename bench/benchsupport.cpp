@@ -1,5 +1,9 @@
 #include "benchsupport.h"
 
+#include "sqlconnection.h"
+#include "sqldialect.h"
+#include "sqltool.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kxbench {
@@ -11,6 +15,32 @@ QString connectionString(const QString &product, const QString &scratchFolder)
     if (product == u"postgres"_s)
         return qEnvironmentVariable("KX_TEST_POSTGRES");
     return qEnvironmentVariable("KX_TEST_FIREBIRD");
+}
+
+QString openProduct(const char *name, const QString &product, const QString &scratchFolder, QTextStream &out)
+{
+    const QString connection = connectionString(product, scratchFolder);
+    if (connection.isEmpty()) {
+        out << "BENCH " << name << ' ' << product << " skipped: no server configured\n";
+        out.flush();
+        return connection;
+    }
+    compSqlConnection->Open(connection);
+    return connection;
+}
+
+QStringList products(const QStringList &arguments)
+{
+    return arguments.isEmpty() ? QStringList{ u"sqlite"_s, u"postgres"_s, u"firebird"_s } : arguments;
+}
+
+void refreshStatistics(const QStringList &tables)
+{
+    const QString product = compSqlConnection->dialect().productName();
+    if (product != u"postgres"_s && product != u"sqlite"_s)
+        return;
+    for (const QString &table : tables)
+        SqlExec(u"ANALYZE "_s + table);
 }
 
 } // namespace kxbench

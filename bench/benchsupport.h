@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <QTextStream>
 #include <algorithm>
 #include <chrono>
 #include <functional>
@@ -24,5 +26,17 @@ inline double median(std::vector<double> values)
 
 // The connection string of a product for the run, or empty when its server is not there.
 QString connectionString(const QString &product, const QString &scratchFolder);
+
+// Opens compSqlConnection on the product's database for the benchmark Name (SQLite: a new file in
+// ScratchFolder) and returns its connection string; when the product's server is not configured,
+// prints the benchmark's skip line and returns the empty text.
+QString openProduct(const char *name, const QString &product, const QString &scratchFolder, QTextStream &out);
+
+// The products named on the command line, or all three.
+QStringList products(const QStringList &arguments);
+
+// Fresh planner statistics for the tables after a bulk load, as a maintained database has them
+// (Firebird keeps its index statistics itself).
+void refreshStatistics(const QStringList &tables);
 
 } // namespace kxbench

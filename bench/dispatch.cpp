@@ -70,17 +70,6 @@ void addCopies()
     }
 }
 
-// Fresh planner statistics after a bulk load, as a maintained database has them (Firebird
-// keeps its index statistics itself).
-void refreshStatistics()
-{
-    const QString product = compSqlConnection->dialect().productName();
-    if (product == u"postgres"_s || product == u"sqlite"_s) {
-        SqlExec(u"ANALYZE AAO"_s);
-        SqlExec(u"ANALYZE AAO_Orte"_s);
-    }
-}
-
 struct Lookup
 {
     QString objekt, ort, kuerzel;
@@ -117,18 +106,14 @@ double measure(const QList<Lookup> &list, QStringList &answers)
 void runProduct(const QString &product, QTextStream &out)
 {
     QTemporaryDir scratch;
-    const QString connection = kxbench::connectionString(product, scratch.path());
-    if (connection.isEmpty()) {
-        out << "BENCH dispatch " << product << " skipped: no server configured\n";
-        out.flush();
+    const QString connection = kxbench::openProduct("dispatch", product, scratch.path(), out);
+    if (connection.isEmpty())
         return;
-    }
-    compSqlConnection->Open(connection);
     kxtest::emptyDatabase(*compSqlConnection);
     dispatch_CreateTables();
     fee_CreateTables();
     insertBaseRules();
-    refreshStatistics();
+    kxbench::refreshStatistics({ u"AAO"_s, u"AAO_Orte"_s });
 
     const QList<Lookup> list = lookups();
     QStringList smallAnswers, largeAnswers;
@@ -136,7 +121,7 @@ void runProduct(const QString &product, QTextStream &out)
     smallAnswers.clear();
     const double small = measure(list, smallAnswers);
     addCopies();
-    refreshStatistics();
+    kxbench::refreshStatistics({ u"AAO"_s, u"AAO_Orte"_s });
     measure(list.mid(0, 20), largeAnswers);
     largeAnswers.clear();
     const double large = measure(list, largeAnswers);
@@ -181,10 +166,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     QTextStream out(stdout);
-    QStringList products = app.arguments().mid(1);
-    if (products.isEmpty())
-        products = { u"sqlite"_s, u"postgres"_s, u"firebird"_s };
-    for (const QString &product : products)
+    for (const QString &product : kxbench::products(app.arguments().mid(1)))
         runProduct(product, out);
     return 0;
 }

@@ -145,12 +145,9 @@ struct Times
 void runProduct(const QString &product, int n, int rounds, QTextStream &out, bool noSync = false)
 {
     QTemporaryDir scratch;
-    const QString connection = kxbench::connectionString(product, scratch.path());
-    if (connection.isEmpty()) {
-        out << "BENCH statements " << product << " skipped: no server configured\n";
+    const QString connection = kxbench::openProduct("statements", product, scratch.path(), out);
+    if (connection.isEmpty())
         return;
-    }
-    compSqlConnection->Open(connection);
     std::unique_ptr<Baseline> baseline;
     if (product == u"sqlite"_s)
         baseline = std::make_unique<SqliteBaseline>(TCSqlConnection::parseConnectionString(connection).database);
@@ -238,10 +235,7 @@ int main(int argc, char *argv[])
     QTextStream out(stdout);
     const int n = qEnvironmentVariableIntValue("KX_BENCH_N") > 0 ? qEnvironmentVariableIntValue("KX_BENCH_N") : 1000;
     const int rounds = 5;
-    QStringList products = app.arguments().mid(1);
-    if (products.isEmpty())
-        products = { u"sqlite"_s, u"postgres"_s, u"firebird"_s };
-    for (const QString &product : products) {
+    for (const QString &product : kxbench::products(app.arguments().mid(1))) {
         runProduct(product, n, rounds, out);
         if (product == u"sqlite"_s)
             runProduct(product, n, rounds, out, true);

@@ -57,8 +57,7 @@ void addCopies(int logRows)
     for (int copy = 1; copy < logRows / baseRows; ++copy)
         SqlExec(u"Insert into LagerLog (ID,"_s + columns + u") select 'Y"_s + QString::number(copy) + u"' || ID,"_s
                 + columns + u" from LagerLog where ID like 'X%'"_s);
-    if (compSqlConnection->dialect().productName() == u"postgres"_s)
-        SqlExec(u"ANALYZE LagerLog"_s); // fresh statistics after a bulk load, as a maintained server has
+    kxbench::refreshStatistics({ u"LagerLog"_s });
 }
 
 void post(TCLagerActionType action, TCLagerModeType mode, const QString &document)
@@ -87,13 +86,9 @@ double issueLine(int postings)
 void runProduct(const QString &product, QTextStream &out)
 {
     QTemporaryDir scratch;
-    const QString connection = kxbench::connectionString(product, scratch.path());
-    if (connection.isEmpty()) {
-        out << "BENCH stock " << product << " skipped: no server configured\n";
-        out.flush();
+    const QString connection = kxbench::openProduct("stock", product, scratch.path(), out);
+    if (connection.isEmpty())
         return;
-    }
-    compSqlConnection->Open(connection);
     kxtest::emptyDatabase(*compSqlConnection);
     Sys_CreateData();
     stock_CreateModuleTables();
@@ -156,10 +151,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     QTextStream out(stdout);
-    QStringList products = app.arguments().mid(1);
-    if (products.isEmpty())
-        products = { u"sqlite"_s, u"postgres"_s, u"firebird"_s };
-    for (const QString &product : products)
+    for (const QString &product : kxbench::products(app.arguments().mid(1)))
         runProduct(product, out);
     return 0;
 }
