@@ -72,6 +72,15 @@ private:
     std::vector<short> m_nulls;
 };
 
+// A value of the column buffer (which need not be aligned for T).
+template<class T>
+T read(const char *data)
+{
+    T value;
+    std::memcpy(&value, data, sizeof value);
+    return value;
+}
+
 QString columnName(const XSQLVAR &var)
 {
     return QString::fromUtf8(var.aliasname, var.aliasname_length).trimmed();
@@ -203,11 +212,8 @@ private:
             return QVariant();
         const char *data = var.sqldata;
         switch (var.sqltype & ~1) {
-        case SQL_VARYING: {
-            short length = 0;
-            std::memcpy(&length, data, sizeof length);
-            return QString::fromUtf8(data + sizeof length, length);
-        }
+        case SQL_VARYING:
+            return QString::fromUtf8(data + sizeof(short), read<short>(data));
         case SQL_TEXT: {
             // CHAR columns come padded with blanks to their length.
             QString text = QString::fromUtf8(data, var.sqllen);
@@ -215,54 +221,40 @@ private:
                 text.chop(1);
             return text;
         }
-        case SQL_SHORT: {
-            short v = 0;
-            std::memcpy(&v, data, sizeof v);
-            return integer(v, var.sqlscale);
-        }
-        case SQL_LONG: {
-            ISC_LONG v = 0;
-            std::memcpy(&v, data, sizeof v);
-            return integer(v, var.sqlscale);
-        }
-        case SQL_INT64: {
-            ISC_INT64 v = 0;
-            std::memcpy(&v, data, sizeof v);
-            return integer(v, var.sqlscale);
-        }
-        case SQL_FLOAT: {
-            float v = 0;
-            std::memcpy(&v, data, sizeof v);
-            return double(v);
-        }
+        case SQL_SHORT:
+            return integer(read<short>(data), var.sqlscale);
+        case SQL_LONG:
+            return integer(read<ISC_LONG>(data), var.sqlscale);
+        case SQL_INT64:
+            return integer(read<ISC_INT64>(data), var.sqlscale);
+        case SQL_FLOAT:
+            return double(read<float>(data));
         case SQL_DOUBLE:
-        case SQL_D_FLOAT: {
-            double v = 0;
-            std::memcpy(&v, data, sizeof v);
-            return v;
-        }
+        case SQL_D_FLOAT:
+            return read<double>(data);
         case SQL_TYPE_DATE: {
+            const ISC_DATE v = read<ISC_DATE>(data);
             struct tm t = {};
-            isc_decode_sql_date(reinterpret_cast<const ISC_DATE *>(data), &t);
+            isc_decode_sql_date(&v, &t);
             return QDate(t.tm_year + 1900, t.tm_mon + 1, t.tm_mday);
         }
         case SQL_TYPE_TIME: {
-            const ISC_TIME v = *reinterpret_cast<const ISC_TIME *>(data);
+            const ISC_TIME v = read<ISC_TIME>(data);
             struct tm t = {};
             isc_decode_sql_time(&v, &t);
             return QTime(t.tm_hour, t.tm_min, t.tm_sec, int(v % 10000) / 10);
         }
         case SQL_TIMESTAMP: {
-            const ISC_TIMESTAMP v = *reinterpret_cast<const ISC_TIMESTAMP *>(data);
+            const ISC_TIMESTAMP v = read<ISC_TIMESTAMP>(data);
             struct tm t = {};
             isc_decode_timestamp(&v, &t);
             return QDateTime(QDate(t.tm_year + 1900, t.tm_mon + 1, t.tm_mday),
                              QTime(t.tm_hour, t.tm_min, t.tm_sec, int(v.timestamp_time % 10000) / 10));
         }
         case SQL_BOOLEAN:
-            return bool(*reinterpret_cast<const FB_BOOLEAN *>(data));
+            return bool(read<FB_BOOLEAN>(data));
         case SQL_BLOB: {
-            const QByteArray bytes = readBlob(*reinterpret_cast<const ISC_QUAD *>(data), transaction, sql);
+            const QByteArray bytes = readBlob(read<ISC_QUAD>(data), transaction, sql);
             return var.sqlsubtype == 1 ? QVariant(QString::fromUtf8(bytes)) : QVariant(bytes);
         }
         default:
