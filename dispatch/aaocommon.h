@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // The parts of a street text: "Hauptstraße 12a/Hinterhaus".
 struct TAaoStrasseParts
@@ -32,6 +33,9 @@ QString aaoGetID(QString Objekt, QString Einsatzort, QString Alarmkuerzel, QStri
 QString aaoGetID(QString Objekt, QString Einsatzort, QString Alarmkuerzel, bool UseObjektName);
 QString aaoGetID(QString Objekt, QString Einsatzort, QString Alarmkuerzel, QString Datum, QString Uhrzeit,
                  bool UseObjektName);
+
+// The weekday columns of "AAO", Monday first, spelled as the lookup writes them.
+const QStringList &aaoWeekdayColumns();
 
 // The statements the lookups run (for the command line's --explain).
 QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel);

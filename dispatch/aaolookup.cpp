@@ -23,9 +23,7 @@ QString orNever(const QString &condition)
 
 QString weekdayColumn(const QDate &date)
 {
-    static const QString columns[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s,
-                                       u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
-    return columns[date.dayOfWeek() - 1];
+    return aaoWeekdayColumns().at(date.dayOfWeek() - 1);
 }
 
 QString statement(const QString &objekt, const QString &einsatzort, const QString &alarmkuerzel,
@@ -57,6 +55,13 @@ QString withObjectName(const QString &objekt, bool useObjektName, const QString 
 }
 
 } // namespace
+
+const QStringList &aaoWeekdayColumns()
+{
+    static const QStringList columns{ u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s,
+                                      u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
+    return columns;
+}
 
 QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel)
 {

@@ -1,5 +1,7 @@
 #include "dispatchdata.h"
 
+#include "aaocommon.h"
+
 #include "dataaccess.h"
 #include "sqlconnection.h"
 #include "sqltool.h"
@@ -57,7 +59,6 @@ void dispatch_CreateTables()
 
 QString dispatch_AddRule(const AaoRule &rule)
 {
-    static const QString days[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s, u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
     const QString id = sqlGenIdValue();
     kx::SqlValueList row;
     row.addText(u"ID"_s, id)
@@ -68,7 +69,7 @@ QString dispatch_AddRule(const AaoRule &rule)
         // Written 0, never null: a null sorts before 1 in a descending order on some products.
         .add(u"EXTENDEDSETTINGS"_s, rule.restricted ? u"1"_s : u"0"_s);
     for (int d = 0; d < 7; ++d)
-        row.add(days[d], rule.weekdays[d] ? u"1"_s : u"0"_s);
+        row.add(aaoWeekdayColumns().at(d), rule.weekdays[d] ? u"1"_s : u"0"_s);
     row.addText(u"ES_FROMTIME"_s, rule.fromTime)
         .addText(u"ES_TOTIME"_s, rule.toTime)
         .add(u"ES_FROMDATE"_s, dateOrNull(rule.fromDate))
