@@ -56,9 +56,7 @@ QString asciiUpper(QString text)
 
 void openQuery(TCSqlQuery &query, const QStringList &lines)
 {
-    query.SQL.Clear();
-    for (const QString &line : lines)
-        query.SQL.Add(line);
+    query.SQL.Assign(lines);
     query.Open();
 }
 

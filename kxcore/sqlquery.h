@@ -17,6 +17,8 @@ class TCStrings
 public:
     void Clear() { m_lines.clear(); }
     void Add(const QString &line) { m_lines << line; }
+    // Replaces all lines by these.
+    void Assign(const QStringList &lines) { m_lines = lines; }
     int Count() const { return int(m_lines.size()); }
     // The lines joined with line feeds, as the statement reaches the database.
     QString Text() const { return m_lines.join(u'\n'); }

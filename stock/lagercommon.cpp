@@ -84,9 +84,7 @@ void TCLagerAction::UpdateVK(const QString &)
 
 void TCLagerAction::runModi(const QStringList &lines)
 {
-    ModiQuery->SQL.Clear();
-    for (const QString &line : lines)
-        ModiQuery->SQL.Add(line);
+    ModiQuery->SQL.Assign(lines);
     ModiQuery->ExecSQL();
 }
 
