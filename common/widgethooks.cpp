@@ -1,12 +1,10 @@
 #include "widgethooks.h"
 
-#include "globals.h"
+#include "appscaleform.h"
 #include "msgdlg.h"
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QScreen>
-#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -48,21 +46,10 @@ int showMessage(const QString &text, TMsgDlgType type, unsigned buttons, int)
     return mrCancel;
 }
 
-void scaleForm(QObject *form)
-{
-    // Forms are laid out for 96 dpi; widgets scale with the screen's logical resolution.
-    auto *widget = qobject_cast<QWidget *>(form);
-    if (!widget || !widget->screen())
-        return;
-    const qreal factor = widget->screen()->logicalDotsPerInch() / 96.0;
-    if (qFuzzyCompare(factor, 1.0))
-        return;
-    widget->resize(widget->size() * factor);
-}
 } // namespace
 
 void installWidgetHooks()
 {
     setMsgDlgHandler(showMessage);
-    setFormScaler(scaleForm);
+    installFormScaler();
 }

@@ -51,6 +51,11 @@ struct TCFieldDef
     int GeneratorMin = 0;
     QString LinkTable;
     QString LinkField;
+    // What the masks bound to the field read: the value a new record starts with, whether the
+    // field must be filled, whether the user may change it.
+    QString DefaultValue;
+    bool Required = false;
+    bool Enabled = true;
 };
 
 // A named index over one or more columns ("Dialog,Control").

@@ -23,7 +23,8 @@ struct TCUser
     QString Name;
     QString Rights;                 // tokens such as "[0002:150]"
     bool NoMandantRestriction = false; // lifts every tenant restriction
-    QStringList Mandanten;           // the tenants the user may see
+    // The tenants the user may see, as the codes' list inside an SQL IN clause ("'FFM','FFM-N'").
+    QString Mandanten;
 };
 extern TCUser User;
 

@@ -62,3 +62,26 @@ QString GetFileFromSearchPath(const QString &fileName)
     }
     return {};
 }
+
+namespace kx {
+
+QChar charAt(const QString &text, int position)
+{
+    if (position < 1 || position > text.size())
+        throw RangeError(u"Bereichsüberschreitung: Zeichen %1 von \"%2\" (Länge %3) gibt es nicht."_s
+                             .arg(position)
+                             .arg(text)
+                             .arg(text.size()));
+    return text.at(position - 1);
+}
+
+int strToInt(const QString &text)
+{
+    bool ok = false;
+    const int value = text.trimmed().toInt(&ok, 10);
+    if (!ok)
+        throw ConvertError(u"'%1' ist kein gültiger Integerwert."_s.arg(text));
+    return value;
+}
+
+} // namespace kx

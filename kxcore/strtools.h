@@ -14,3 +14,11 @@ QString GetNthString(const QString &text, int n, QChar separator = u';');
 // The full path of a file found in cSearchPathList (in order), or the name itself when it is
 // an existing path; empty when it is found nowhere.
 QString GetFileFromSearchPath(const QString &fileName);
+
+namespace kx {
+// The Position-th character (1-based) of Text; kx::RangeError when the text is shorter.
+QChar charAt(const QString &text, int position);
+// The whole number of a decimal text (blanks around it and a sign allowed), in 32 bits;
+// kx::ConvertError otherwise.
+int strToInt(const QString &text);
+} // namespace kx

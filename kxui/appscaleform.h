@@ -1,0 +1,6 @@
+#pragma once
+
+// Installs the form scaler behind appScaleForm: forms are laid out for 96 dots per inch; on a
+// screen of another logical resolution a form grows or shrinks by that factor, and never
+// beyond the screen's available area.
+void installFormScaler();

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+
+class QAbstractItemView;
+class QProgressBar;
+
+// The suite's theme colours for list headers and progress bars. Off by default: the widgets
+// keep the style's own colours.
+struct TCThemeColors
+{
+    bool Enabled = false;
+    QColor HeaderBackground = QColor(0xC0, 0x1F, 0x1F); // brigade red
+    QColor HeaderText = Qt::white;
+    QColor ProgressBackground = QColor(0xF3, 0xE5, 0xE5);
+    QColor ProgressChunk = QColor(0xC0, 0x1F, 0x1F);
+};
+TCThemeColors &themeColors();
+
+// Redraws the view's header in the theme colours (the style's own when they are off).
+void RedrawHeader(QAbstractItemView *view);
+// Colours the bar's background (and its chunk in the theme's colour).
+void setProgressBarBackgroundColor(QProgressBar *bar, const QColor &color = themeColors().ProgressBackground);

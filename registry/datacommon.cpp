@@ -1,0 +1,69 @@
+#include "datacommon.h"
+
+#include "dataaccess.h"
+#include "kxerror.h"
+#include "modulcommon.h"
+#include "sqlconnection.h"
+#include "sqltool.h"
+#include "strtools.h"
+#include "userrights.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString noModule = u"-1"_s;
+
+void processTable(const QString &modulId, const QString &modulname, TCDataAccess *table, bool isMain, bool &result)
+{
+    table->Connection = compSqlConnection;
+    const bool created = table->AlterOrCreateTable(true);
+    if (isMain) {
+        result = created;
+        if (modulId != noModule)
+            mdef_AddModul(modulId, modulname, table);
+        InitModulDataLink(table);
+        return;
+    }
+    InitModulDataLink(table);
+    if (modulId != noModule)
+        mdef_AddModulChild(modulId, modulname, table);
+}
+
+} // namespace
+
+void InitModulDataLink(TCDataAccess *DataAccess)
+{
+    const QString tablename = DataAccess->Tablename.toUpper();
+    for (int i = 0; i < DataAccess->Fields.Count(); ++i) {
+        const TCFieldDef &field = DataAccess->Fields.GetItem(i);
+        if (field.LinkField.isEmpty())
+            continue;
+        // Values are pasted unescaped; names come from design-time definitions.
+        SqlExec(u"Insert into SysDef_DataLink (ID,Tablename,Fieldname,LinkTablename,Linkfieldname) Values ('"_s
+                + sqlGenIdValue() + u"','"_s + field.LinkTable.toUpper() + u"','"_s + field.LinkField.toUpper()
+                + u"','"_s + tablename + u"','"_s + field.Fieldname.toUpper() + u"')"_s);
+    }
+    for (int i = 0; i < DataAccess->DataAccessChilds.Count(); ++i) {
+        if (TCDataAccess *child = DataAccess->DataAccessChilds.GetItem(i).DataAccess)
+            InitModulDataLink(child);
+    }
+}
+
+bool InitModulData(const QString &ModulId, const QString &Modulname, const QString &Flags, TCDataAccess *MainTable,
+                   const QList<TCDataAccess *> &ChildTables, bool RightsFlag)
+{
+    bool result = false;
+    if (kx::charAt(Flags, 1) == u'1') {
+        processTable(ModulId, Modulname, MainTable, true, result);
+        for (TCDataAccess *child : ChildTables)
+            processTable(ModulId, Modulname, child, false, result);
+    }
+    kx::charAt(Flags, 2); // deliberate: read without effect, so a two-character text fails here
+    if (kx::charAt(Flags, 3) == u'1' && ModulId != noModule) {
+        const int number = kx::strToInt(ModulId);
+        usr_AddModulRecht(number, Modulname, RightsFlag);
+        usr_AddRechte(number, Modulname, MainTable, RightsFlag);
+    }
+    return result;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class TCDataAccess;
+
+// Writes one "SysDef_DataLink" row per field of the definition that links to another table,
+// then does the same for every child definition, depth first (grandchildren included).
+void InitModulDataLink(TCDataAccess *DataAccess);
+
+// A module's one set-up call. Flags: character 1 "1" creates or alters the tables, writes their
+// data links and enters them in the module registry; character 2 is read without effect;
+// character 3 "1" registers the module's rights. ModulId "-1" belongs to no module: tables and
+// data links only. Returns AlterOrCreateTable's result for the main table, false when the tables
+// were not processed. A Flags text too short raises kx::RangeError where the character is read
+// (character 1 before anything is done, characters 2 and 3 after the tables); a ModulId that is
+// no whole number raises kx::ConvertError when the rights are registered.
+bool InitModulData(const QString &ModulId, const QString &Modulname, const QString &Flags, TCDataAccess *MainTable,
+                   const QList<TCDataAccess *> &ChildTables, bool RightsFlag);

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "holder.h"
+
+#include <QPointer>
+#include <QString>
+
+class TCDataAccess;
+class TCSqlQuery;
+class TKatsCommonForm;
+
+// The category registry. The tree is the shared category tree "KATS" (root caption
+// "Kats-Plan"); each module that tags its records with categories has a link table of its own.
+
+// The non-visual part of the category form: the link-table definition (template "Standard_Kats")
+// and the query. Kats_AddModul runs in it, so that modules register without a window system.
+class TKatsCommonData : public THolderForm
+{
+    Q_OBJECT
+
+public:
+    explicit TKatsCommonData(QObject *owner);
+
+    TCDataAccess *KatsLinkDataAccess;
+    TCSqlQuery *DataQuery;
+};
+
+extern QPointer<TKatsCommonData> KatsCommonData;
+
+// Creates "SYSDef_Kats" and the tree table "KATS" where they are missing; rows stay.
+void Kats_CreateData();
+// Enters the module in "SYSDef_Kats", creates its link table KatsTable, writes the link table's
+// data links and registers the link table in the module registry.
+void Kats_AddModul(const QString &ModulName, int ModulNr, const QString &MainTable, const QString &KatsTable,
+                   const QString &Fields);
+
+// The form with the tree for one module; shown modally for one record at a time (widgets layer).
+TKatsCommonForm *Kats_Init(const QString &Modul);
+// Builds the tree on the first call, loads the record's ticks unless they are loaded, shows the
+// form modally. An empty ID is "-1".
+void Kats_ShowKats(TKatsCommonForm *Form, const QString &ID);
+// Stores the ticks for the record, only when they were loaded.
+void Kats_SaveKats(TKatsCommonForm *Form, const QString &ID);
+// Forgets that the ticks were loaded: the next show loads them for its record.
+void Kats_ResetKats(TKatsCommonForm *Form);
+void Kats_DeInit(TKatsCommonForm *Form);

@@ -1,0 +1,106 @@
+#include "mandantcommon.h"
+
+#include "globals.h"
+#include "sqlconnection.h"
+#include "sqlquery.h"
+#include "sqltool.h"
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+QPointer<TMandantCommonForm> MandantCommonForm;
+
+TMandantCommonForm::TMandantCommonForm(QObject *owner)
+    : THolderForm(owner)
+    , DataQuery(new TCSqlQuery(this))
+{
+    DataQuery->setObjectName(u"DataQuery"_s);
+    DataQuery->Connection = compSqlConnection;
+}
+
+QString TMandantCommonForm::MandantenBuildSubSelect(const QString &TableName, const QString &MandantId)
+{
+    QString result;
+    if (User.NoMandantRestriction)
+        return result;
+    // No quoting: the tenant code is pasted as it is.
+    const QString key = sqlGetValue(u"Select id from Mandanten where MANDANTID='"_s + MandantId + u"'"_s);
+    if (key.isEmpty())
+        return result;
+
+    QStringList list;
+    m_list = &list;
+    m_path.clear();
+    struct Release
+    {
+        QStringList *&list;
+        ~Release() { list = nullptr; }
+    } release{ m_list };
+    list << key;
+    m_path << key;
+    BuildSub(TableName, key);
+
+    // From the last entry down, so that deleting keeps the remaining indexes valid.
+    for (int i = int(list.size()) - 1; i >= 0; --i) {
+        const QString &s = list.at(i);
+        const int count = sqlGetValueInt(
+            u"Select Count(idMandant) from User_GruppenMandantLink where idMandant='"_s + s
+            + u"' and  User_GruppenMandantLink.idParent in ( Select User_GruppenLink.Groupid From User_GruppenLink Where User_GruppenLink.Idparent='"_s
+            + User.Id + u"')"_s);
+        if (count == 0)
+            list.removeAt(i);
+        else
+            list[i] = sqlGetValue(u"Select mandantId from Mandanten where ID='"_s + s + u"'"_s);
+    }
+    // Deliberate: a user linked to none of the subtree's tenants is not restricted at all.
+    if (list.isEmpty())
+        return result;
+
+    const QString table = TableName.toUpper();
+    QStringList lines{ u" and ( 1=2 "_s };
+    for (const QString &code : list)
+        lines << u" or "_s + table + u".MandantId='"_s + code + u"' "_s;
+    if (table == u"PERSONAL"_s || table == u"GERAETESTAMM"_s) {
+        lines << u"or "_s + table + u".id in (Select "_s + table + u"_Mandant.IdParent from "_s + table + u"_Mandant "_s;
+        lines << u"Where 1=2 "_s;
+        for (const QString &code : list)
+            lines << u" or "_s + table + u"_Mandant.MandantId='"_s + code + u"' "_s;
+        lines << u")"_s;
+    }
+    lines << u")"_s;
+    for (const QString &line : lines)
+        result += line + u"\r\n"_s;
+    return result;
+}
+
+void TMandantCommonForm::BuildSub(const QString &TableName, const QString &ParentId)
+{
+    auto query = std::make_unique<TCSqlQuery>();
+    query->Connection = compSqlConnection;
+    query->SQL.Add(u"Select * from Mandanten_sub where idparent='"_s + ParentId + u"'"_s);
+    query->Open();
+    for (; !query->Eof(); query->Next()) {
+        // Deliberate: the link row's tenant code is looked for among tenant IDs; it only stops a
+        // repeated descent where both columns carry the same value.
+        if (m_list->contains(query->FieldByName(u"MandantID"_s).AsString()))
+            continue;
+        const QString id = query->FieldByName(u"IDMandant"_s).AsString();
+        *m_list << id;
+        // A ring in the hierarchy would recurse without end: each ID is descended into at most
+        // once on one path from the current tenant.
+        if (m_path.contains(id))
+            continue;
+        m_path << id;
+        BuildSub(TableName, id);
+        m_path.removeLast();
+    }
+    query->Close();
+}
+
+QString MandantenBuildSubSelect(const QString &TableName, const QString &MandantId)
+{
+    return runInHolder(MandantCommonForm, [&](TMandantCommonForm &form) {
+        return form.MandantenBuildSubSelect(TableName, MandantId);
+    });
+}

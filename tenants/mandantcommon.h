@@ -1,0 +1,35 @@
+#pragma once
+
+#include "holder.h"
+
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+
+class TCSqlQuery;
+
+// Builds the tenant fragment: CRLF-terminated lines beginning " and ( 1=2 " that a caller
+// appends to its WHERE clause, admitting the rows of the current tenant and of its sub-tenants
+// (at any depth) that one of the user's groups is linked to. Empty when nothing restricts.
+class TMandantCommonForm : public THolderForm
+{
+    Q_OBJECT
+
+public:
+    explicit TMandantCommonForm(QObject *owner);
+
+    // TableName as it stands in the caller's FROM clause; MandantId the current tenant's code.
+    QString MandantenBuildSubSelect(const QString &TableName, const QString &MandantId);
+    // Adds the "ID"s of every sub-tenant below ParentId to the tenant list, depth first.
+    void BuildSub(const QString &TableName, const QString &ParentId);
+
+    TCSqlQuery *DataQuery;
+
+private:
+    QStringList *m_list = nullptr; // the tenant list, alive during one MandantenBuildSubSelect
+    QStringList m_path;            // the IDs being descended into, from the current tenant down
+};
+
+extern QPointer<TMandantCommonForm> MandantCommonForm;
+
+QString MandantenBuildSubSelect(const QString &TableName, const QString &MandantId);
