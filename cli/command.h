@@ -46,6 +46,8 @@ void registerRegistryCommands();
 void registerSysCommands();
 void registerStockCommands();
 void registerDispatchCommands();
+void registerKatsCommands();
+void registerTenantCommands();
 
 // The options and positional arguments of a sub-command. "--name value" for the named valued
 // options, "--name" for the flags; everything else, and all after "--", is positional.

@@ -72,6 +72,8 @@ int main(int argc, char *argv[])
     registerSysCommands();
     registerStockCommands();
     registerDispatchCommands();
+    registerKatsCommands();
+    registerTenantCommands();
 
     CliContext context;
     context.database = defaultDatabase;

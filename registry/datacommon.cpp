@@ -4,6 +4,7 @@
 #include "kxerror.h"
 #include "modulcommon.h"
 #include "sqlconnection.h"
+#include "sqlquery.h"
 #include "sqltool.h"
 #include "strtools.h"
 #include "userrights.h"
@@ -66,4 +67,20 @@ bool InitModulData(const QString &ModulId, const QString &Modulname, const QStri
         usr_AddRechte(number, Modulname, MainTable, RightsFlag);
     }
     return result;
+}
+
+QList<TDataLinkRow> DataLink_Read(const QString &Table)
+{
+    TCSqlQuery query;
+    query.Connection = compSqlConnection;
+    query.SQL.Add(u"Select Tablename,Fieldname,LinkTablename,Linkfieldname from SysDef_DataLink"_s);
+    if (!Table.isEmpty())
+        query.SQL.Add(u"where Tablename="_s + kx::sqlQuoted(Table.toUpper()));
+    query.SQL.Add(u"order by Tablename,Fieldname,LinkTablename,Linkfieldname"_s);
+    query.Open();
+    QList<TDataLinkRow> rows;
+    for (; !query.Eof(); query.Next())
+        rows << TDataLinkRow{ query.Fields(0).AsString(), query.Fields(1).AsString(), query.Fields(2).AsString(),
+                              query.Fields(3).AsString() };
+    return rows;
 }

@@ -18,3 +18,15 @@ void InitModulDataLink(TCDataAccess *DataAccess);
 // no whole number raises kx::ConvertError when the rights are registered.
 bool InitModulData(const QString &ModulId, const QString &Modulname, const QString &Flags, TCDataAccess *MainTable,
                    const QList<TCDataAccess *> &ChildTables, bool RightsFlag);
+
+// One row of "SysDef_DataLink": Tablename.Fieldname is referred to by LinkTablename.Linkfieldname.
+struct TDataLinkRow
+{
+    QString Tablename;
+    QString Fieldname;
+    QString LinkTablename;
+    QString Linkfieldname;
+};
+// The data links, ordered by target and referring table; with Table only the fields of other
+// tables that point at it (compared in upper case).
+QList<TDataLinkRow> DataLink_Read(const QString &Table = {});

@@ -2,6 +2,7 @@
 
 #include "dataaccess.h"
 #include "datacommon.h"
+#include "kxerror.h"
 #include "modulcommon.h"
 #include "sqlconnection.h"
 #include "sqlquery.h"
@@ -87,4 +88,30 @@ void Kats_AddModul(const QString &ModulName, int ModulNr, const QString &MainTab
         InitModulDataLink(&link);
     });
     mdef_AddModul(QString::number(ModulNr), ModulName, katsTable, 0);
+}
+
+TCTreeData Kats_ReadTree()
+{
+    TCTreeData tree;
+    tree.load(compSqlConnection, u"KatS"_s, u"KatS"_s);
+    return tree;
+}
+
+TCTreeData Kats_ReadCheckState(const QString &ID, const QString &Modul)
+{
+    TCTreeData tree = Kats_ReadTree();
+    tree.setCheckedIds(TCTreeData::loadCheckState(compSqlConnection, ID, Modul));
+    return tree;
+}
+
+TCTreeData Kats_WriteCheckState(const QString &ID, const QString &Modul, const QStringList &TreeIds)
+{
+    TCTreeData tree = Kats_ReadTree();
+    for (const QString &id : TreeIds) {
+        if (tree.indexOf(id) == TCTreeData::Root)
+            throw kx::Error(u"Die Kategorie \"%1\" gibt es im Baum \"KATS\" nicht."_s.arg(id));
+    }
+    tree.setCheckedIds(QSet<QString>(TreeIds.begin(), TreeIds.end()));
+    tree.saveCheckState(compSqlConnection, ID, Modul, true);
+    return tree;
 }

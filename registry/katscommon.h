@@ -1,6 +1,7 @@
 #pragma once
 
 #include "holder.h"
+#include "treedata.h"
 
 #include <QPointer>
 #include <QString>
@@ -33,6 +34,13 @@ void Kats_CreateData();
 // data links and registers the link table in the module registry.
 void Kats_AddModul(const QString &ModulName, int ModulNr, const QString &MainTable, const QString &KatsTable,
                    const QString &Fields);
+
+// The same without a window (the command line): the whole tree; the tree with the ticks stored
+// for a record of the module; the ticks of the given nodes stored for the record (unknown keys
+// raise kx::Error before anything is written).
+TCTreeData Kats_ReadTree();
+TCTreeData Kats_ReadCheckState(const QString &ID, const QString &Modul);
+TCTreeData Kats_WriteCheckState(const QString &ID, const QString &Modul, const QStringList &TreeIds);
 
 // The form with the tree for one module; shown modally for one record at a time (widgets layer).
 TKatsCommonForm *Kats_Init(const QString &Modul);

@@ -1,0 +1,53 @@
+// Sub-commands of the tenants.
+#include "command.h"
+
+#include "globals.h"
+#include "mandantcommon.h"
+#include "tenantdata.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+CliOutput tenantsInit(const CliContext &context)
+{
+    const CliArguments arguments(context, {}, { u"sample"_s });
+    arguments.positional(0, u"tenants init"_s);
+    tenants_CreateTables();
+    if (arguments.has(u"sample"_s))
+        tenants_AddSampleData();
+    return { QJsonObject{ { u"done"_s, true } },
+             arguments.has(u"sample"_s)
+                 ? u"Mandantentabellen angelegt, Beispielmandanten und Benutzer \"demo\" und \"kreis\" eingetragen.\n"_s
+                 : u"Mandantentabellen angelegt bzw. angepasst.\n"_s };
+}
+
+CliOutput tenantFilter(const CliContext &context)
+{
+    const CliArguments arguments(context, { u"user"_s }, { u"unrestricted"_s });
+    const QStringList &args = arguments.positional(2, u"TABELLE MANDANTENKÜRZEL"_s);
+    if (!arguments.has(u"user"_s) && !arguments.has(u"unrestricted"_s))
+        throw CliUsageError{ u"--user BENUTZER-ID oder --unrestricted fehlt."_s };
+    User.Id = arguments.value(u"user"_s);
+    User.NoMandantRestriction = arguments.has(u"unrestricted"_s);
+    const QString fragment = MandantenBuildSubSelect(args.at(0), args.at(1));
+    QJsonArray lines;
+    for (const QString &line : fragment.split(u"\r\n"_s, Qt::SkipEmptyParts))
+        lines.append(line);
+    return { QJsonObject{ { u"fragment"_s, fragment }, { u"lines"_s, lines }, { u"restricted"_s, !fragment.isEmpty() } },
+             fragment };
+}
+
+} // namespace
+
+void registerTenantCommands()
+{
+    registerCommand({ u"tenants init"_s, u"[--sample]"_s,
+                      u"Legt die Mandantentabellen an (--sample: Beispielmandanten und -benutzer)."_s, tenantsInit });
+    registerCommand({ u"tenant-filter"_s, u"TABELLE MANDANTENKÜRZEL --user BENUTZER-ID | --unrestricted"_s,
+                      u"Gibt die Mandanten-Einschränkung für die WHERE-Klausel aus, genau (Zeilenenden CRLF)."_s,
+                      tenantFilter });
+}
