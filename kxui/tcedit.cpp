@@ -173,6 +173,16 @@ void TCEdit::LoadDefault()
         m_edit->setText(field->DefaultValue);
 }
 
+void TCEdit::setSelectLink(TCSelectToMask *select)
+{
+    m_select = select;
+}
+
+TCSelectToMask *TCEdit::SelectLink() const
+{
+    return m_select;
+}
+
 void TCEdit::PickListClear()
 {
     m_pickList->setStringList({});

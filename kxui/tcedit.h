@@ -106,8 +106,8 @@ public:
     void ShowPickList();
 
     // The selection dialog the drop-down button and F7 open.
-    void setSelectLink(TCSelectToMask *select) { m_select = select; }
-    TCSelectToMask *SelectLink() const { return m_select; }
+    void setSelectLink(TCSelectToMask *select);
+    TCSelectToMask *SelectLink() const;
     bool SelectKeyEnabled() const { return m_selectKey; }
     void setSelectKeyEnabled(bool enabled) { m_selectKey = enabled; }
 

@@ -63,11 +63,3 @@ TEST(WidgetHooks, MsgDlgShowsAMessageBoxAndReturnsTheAnswer)
 }
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
