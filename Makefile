@@ -1,10 +1,10 @@
-# Entry points: make demo, make test, make bench. Missing Debian packages are installed first
+# Entry points: make demo, make test, make bench, make screenshots. Missing Debian packages are installed first
 # (as root) or named with the command to install them.
 BUILD ?= build
 BENCH ?=
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
-.PHONY: all deps build demo test bench clean
+.PHONY: all deps build demo test bench screenshots clean
 
 all: build
 
@@ -22,6 +22,9 @@ demo: build
 
 test: build
 	@./scripts/run-tests.sh $(BUILD)
+
+screenshots: build
+	@./scripts/screenshots.sh $(BUILD) docs/screens
 
 bench: build
 	@./scripts/run-bench.sh $(BUILD) $(BENCH)

@@ -8,6 +8,7 @@
 
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
@@ -130,7 +131,13 @@ TCSelectDialog *TCSelectToMask::CreateDialog(QWidget *parent, const QString &sea
     }
     dialog->view()->setSelectionMode(MultiSelect ? QAbstractItemView::ExtendedSelection
                                                  : QAbstractItemView::SingleSelection);
-    dialog->view()->resizeColumnsToContents();
+    QTableView *view = dialog->view();
+    view->sortByColumn(0, Qt::AscendingOrder);
+    view->resizeColumnsToContents();
+    int width = view->frameWidth() * 2 + view->verticalScrollBar()->sizeHint().width() + 24;
+    for (int column = 0; column < model->columnCount(); ++column)
+        width += view->columnWidth(column);
+    dialog->resize(qBound(dialog->width(), width, 900), dialog->height());
     dialog->preselect(searchText, ExactSelect);
     return dialog;
 }

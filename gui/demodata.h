@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+// The demo data the windows show, created once per database: the system tables, the category
+// tree with the vehicle module and the ticks of one vehicle, the sample tenants; then the
+// sample user is signed in.
+void createDemoData();
+
+// The vehicle of the demo whose categories are ticked.
+inline const QString demoVehicle = QStringLiteral("FZ-1");
+inline const QString demoModule = QStringLiteral("Fahrzeuge");

@@ -1,0 +1,48 @@
+#include "hostwindow.h"
+
+#include "demodata.h"
+#include "globals.h"
+#include "katscommon.h"
+#include "kxerror.h"
+#include "msgdlg.h"
+#include "vehiclemask.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+
+using namespace Qt::StringLiterals;
+
+HostWindow::HostWindow(const QString &database, QWidget *parent)
+    : QMainWindow(parent)
+{
+    setWindowTitle(u"kxCommon – Formulare und Rahmen"_s);
+    QMenu *forms = menuBar()->addMenu(u"&Formulare"_s);
+    forms->addAction(u"&Kategorien eines Fahrzeugs (Kats) …"_s, this, [] {
+        TKatsCommonForm *form = Kats_Init(demoModule);
+        try {
+            Kats_ShowKats(form, demoVehicle);
+            Kats_SaveKats(form, demoVehicle);
+        } catch (const kx::Error &e) {
+            MsgDlg(e.message(), TMsgDlgType::mtError, mbOK);
+        }
+        Kats_DeInit(form);
+    });
+    forms->addAction(u"Fahrzeugmaske mit &Mandantenrahmen …"_s, this, [this] {
+        VehicleMask mask(this);
+        mask.exec();
+    });
+    forms->addSeparator();
+    forms->addAction(u"&Beenden"_s, qApp, &QApplication::quit);
+    auto *welcome = new QLabel(u"<h3>kxCommon</h3><p>Die Formulare und Rahmen des Pakets auf Beispieldaten.</p>"
+                               u"<p>Angemeldet als <b>%1</b> (Mandanten %2).</p>"
+                               u"<p>Im Menü <i>Formulare</i> öffnen sie sich so, wie ein Modul der Suite sie einbettet.</p>"_s
+                                   .arg(User.Name.toHtmlEscaped(), User.Mandanten.toHtmlEscaped()),
+                               this);
+    welcome->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    welcome->setMargin(16);
+    setCentralWidget(welcome);
+    statusBar()->showMessage(u"Datenbank: "_s + database);
+    resize(560, 300);
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QMainWindow>
+
+// The window host: a menu of every form and frame of the package, each opened as a module of
+// the suite would open it.
+class HostWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit HostWindow(const QString &database, QWidget *parent = nullptr);
+};

@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Renders every form and frame on the demo data (embedded database, offscreen platform) into
+# PNG files named after their classes.
+set -euo pipefail
+build=${1:?build folder}
+out=${2:?target folder}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkdir -p "$out"
+QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work "$build/gui/kxcommon-gui" --db "sqlite:$work/screens.db" --screenshots "$out" \
+    2> >(grep -v 'propagateSizeHints' >&2)
