@@ -64,3 +64,27 @@ step --json split-object "Musterstadt - Rathaus"
 step district 64285 Musterstadt "Hauptstr." 45
 step district "" Musterstadt "Straße des 17. Juni"
 step settings-name fms
+
+echo
+echo "--- Kategorien: der gemeinsame Baum \"KATS\", ein Modul mit Kategorietabelle, Häkchen eines Fahrzeugs ---"
+step kats init --sample
+step kats add Fahrzeuge 7010 Fahrzeug Fahrzeug_Kats "KENNZEICHEN,TYP"
+step datalinks Fahrzeug
+step kats set FZ-1 Fahrzeuge FZ-LF GE-AS-PA EA
+echo
+echo "(Übergeordnete Kategorien zeigen [-], wenn nur ein Teil darunter angekreuzt ist.)"
+step kats show FZ-2 Fahrzeuge
+step kats show FZ-1 Fahrzeuge
+
+echo
+echo "--- Mandanten: Einschränkung für die WHERE-Klausel (Zeilenenden CR LF, in --json sichtbar) ---"
+step tenants init --sample
+step tenant-filter Personal FFM --user demo
+step --json tenant-filter Fahrzeug FFM-N --user demo
+echo
+echo "(Vom Kreisverband aus sieht \"demo\" nur die Musterstädter Mandanten.)"
+step tenant-filter Fahrzeug KFV --user demo
+echo
+echo "(Neudorf ist keiner Gruppe von \"demo\" zugeordnet: keine Einschränkung, leere Ausgabe.)"
+step tenant-filter Fahrzeug FFN --user demo
+step tenant-filter Fahrzeug FFM --unrestricted

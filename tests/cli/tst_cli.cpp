@@ -233,4 +233,41 @@ TEST_F(CliTest, FeesAndDispatch)
     }
 }
 
+TEST_F(CliTest, CategoriesAndTenantFragment)
+{
+    for (const QStringList &args : { QStringList{ u"init"_s }, QStringList{ u"sys"_s, u"init"_s },
+                                      QStringList{ u"kats"_s, u"init"_s, u"--sample"_s },
+                                      QStringList{ u"kats"_s, u"add"_s, u"Fahrzeuge"_s, u"7010"_s, u"Fahrzeug"_s,
+                                                   u"Fahrzeug_Kats"_s, u"KENNZEICHEN"_s },
+                                      QStringList{ u"tenants"_s, u"init"_s, u"--sample"_s } }) {
+        const CliRun r = invoke(args);
+        ASSERT_EQ(r.exitCode, 0) << args.join(u' ').toStdString() << ": " << r.err.toStdString();
+    }
+    const CliRun links = invoke({ u"--json"_s, u"datalinks"_s, u"fahrzeug"_s });
+    const QJsonArray linkRows = QJsonDocument::fromJson(links.out.toUtf8()).array();
+    ASSERT_EQ(linkRows.size(), 1) << links.out.toStdString();
+    EXPECT_EQ(linkRows[0].toObject()[u"linkTablename"_s].toString(), u"FAHRZEUG_KATS"_s);
+
+    // An unknown category writes nothing; then the ticks are stored and shown with grayed parents.
+    EXPECT_EQ(invoke({ u"kats"_s, u"set"_s, u"FZ-1"_s, u"Fahrzeuge"_s, u"FZ-LF"_s, u"XX"_s }).exitCode, 1);
+    EXPECT_EQ(invoke({ u"kats"_s, u"set"_s, u"FZ-1"_s, u"Fahrzeuge"_s, u"FZ-LF"_s, u"EA"_s }).exitCode, 0);
+    const CliRun shown = invoke({ u"--json"_s, u"kats"_s, u"show"_s, u"FZ-1"_s, u"Fahrzeuge"_s });
+    const QJsonArray top = QJsonDocument::fromJson(shown.out.toUtf8()).object()[u"children"_s].toArray();
+    ASSERT_EQ(top.size(), 3) << shown.out.toStdString();
+    EXPECT_EQ(top[0].toObject()[u"state"_s].toString(), u"partlyChecked"_s);
+    EXPECT_EQ(top[1].toObject()[u"state"_s].toString(), u"unchecked"_s);
+    EXPECT_EQ(top[2].toObject()[u"state"_s].toString(), u"checked"_s);
+    EXPECT_TRUE(invoke({ u"kats"_s, u"show"_s, u"FZ-1"_s, u"Fahrzeuge"_s }).out.contains(u"  [-] Fahrzeuge\n    [x] Löschfahrzeuge\n"_s));
+
+    const CliRun fragment = invoke({ u"--json"_s, u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM-N"_s, u"--user"_s, u"demo"_s });
+    ASSERT_EQ(fragment.exitCode, 0) << fragment.err.toStdString();
+    EXPECT_TRUE(fragment.out.contains(u"\"fragment\": \" and ( 1=2 \\r\\n or FAHRZEUG.MandantId='FFM-N' \\r\\n)\\r\\n\""_s))
+        << fragment.out.toStdString();
+    const CliRun text = invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM-N"_s, u"--user"_s, u"demo"_s });
+    EXPECT_EQ(text.out, u" and ( 1=2 \r\n or FAHRZEUG.MandantId='FFM-N' \r\n)\r\n"_s);
+    EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM"_s, u"--unrestricted"_s }).out, QString());
+    EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM"_s }).exitCode, 2);
+    EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"F'M"_s, u"--user"_s, u"demo"_s }).exitCode, 1);
+}
+
 } // namespace
