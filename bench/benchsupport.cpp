@@ -4,6 +4,8 @@
 #include "sqldialect.h"
 #include "sqltool.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace kxbench {
@@ -41,6 +43,15 @@ void refreshStatistics(const QStringList &tables)
         return;
     for (const QString &table : tables)
         SqlExec(u"ANALYZE "_s + table);
+}
+
+int runEachProduct(int argc, char *argv[], const std::function<void(const QString &product, QTextStream &out)> &run)
+{
+    QCoreApplication app(argc, argv);
+    QTextStream out(stdout);
+    for (const QString &product : products(app.arguments().mid(1)))
+        run(product, out);
+    return 0;
 }
 
 } // namespace kxbench

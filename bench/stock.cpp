@@ -149,9 +149,5 @@ void runProduct(const QString &product, QTextStream &out)
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
-    QTextStream out(stdout);
-    for (const QString &product : kxbench::products(app.arguments().mid(1)))
-        runProduct(product, out);
-    return 0;
+    return kxbench::runEachProduct(argc, argv, runProduct);
 }

@@ -3,7 +3,21 @@
 #include "kxerror.h"
 #include "sqltool.h"
 
+#include <QJsonObject>
+
 using namespace Qt::StringLiterals;
+
+CliOutput cliInitTables(const CliContext &context, const std::function<void()> &create,
+                        const std::function<void()> &addSample, const QString &createdText, const QString &sampleText)
+{
+    const CliArguments arguments(context, {}, { u"sample"_s });
+    arguments.positional(0, u"keine Argumente"_s);
+    create();
+    const bool sample = arguments.has(u"sample"_s);
+    if (sample)
+        addSample();
+    return { QJsonObject{ { u"done"_s, true } }, (sample ? sampleText : createdText) + u'\n' };
+}
 
 CliArguments::CliArguments(const CliContext &context, const QStringList &valued, const QStringList &flags)
 {

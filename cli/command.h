@@ -56,6 +56,10 @@ double cliNumber(const QString &text, const QString &what);
 // A whole number in the 32-bit range; a usage error names What.
 int cliWholeNumber(const QString &text, const QString &what);
 
+// A sub-command "... init [--sample]": creates the tables, with --sample adds the sample data too.
+CliOutput cliInitTables(const CliContext &context, const std::function<void()> &create,
+                        const std::function<void()> &addSample, const QString &createdText, const QString &sampleText);
+
 class CliArguments
 {
 public:

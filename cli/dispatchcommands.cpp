@@ -50,14 +50,9 @@ CliOutput fee(const CliContext &context)
 
 CliOutput dispatchInit(const CliContext &context)
 {
-    const CliArguments args(context, {}, { u"sample"_s });
-    args.positional(0, u"keine Argumente"_s);
-    dispatch_CreateTables();
-    if (args.has(u"sample"_s))
-        dispatch_AddSampleData();
-    return { QJsonObject{ { u"done"_s, true } },
-             args.has(u"sample"_s) ? u"AAO, AAO_Orte, ORTE und sysparam angelegt; Beispielregeln und -straßen eingetragen.\n"_s
-                                   : u"AAO, AAO_Orte, ORTE und sysparam angelegt bzw. angepasst.\n"_s };
+    return cliInitTables(context, dispatch_CreateTables, dispatch_AddSampleData,
+                         u"AAO, AAO_Orte, ORTE und sysparam angelegt bzw. angepasst."_s,
+                         u"AAO, AAO_Orte, ORTE und sysparam angelegt; Beispielregeln und -straßen eingetragen."_s);
 }
 
 CliOutput aao(const CliContext &context)

@@ -37,14 +37,9 @@ CliOutput dataLinks(const CliContext &context)
 
 CliOutput katsInit(const CliContext &context)
 {
-    const CliArguments arguments(context, {}, { u"sample"_s });
-    arguments.positional(0, u"kats init"_s);
-    Kats_CreateData();
-    if (arguments.has(u"sample"_s))
-        Kats_AddSampleTree();
-    return { QJsonObject{ { u"done"_s, true } },
-             arguments.has(u"sample"_s) ? u"\"SYSDef_Kats\" und \"KATS\" angelegt, Beispielkategorien eingetragen.\n"_s
-                                        : u"\"SYSDef_Kats\" und \"KATS\" angelegt bzw. angepasst.\n"_s };
+    return cliInitTables(context, Kats_CreateData, Kats_AddSampleTree,
+                         u"\"SYSDef_Kats\" und \"KATS\" angelegt bzw. angepasst."_s,
+                         u"\"SYSDef_Kats\" und \"KATS\" angelegt, Beispielkategorien eingetragen."_s);
 }
 
 CliOutput katsAdd(const CliContext &context)

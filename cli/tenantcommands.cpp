@@ -14,15 +14,9 @@ namespace {
 
 CliOutput tenantsInit(const CliContext &context)
 {
-    const CliArguments arguments(context, {}, { u"sample"_s });
-    arguments.positional(0, u"tenants init"_s);
-    tenants_CreateTables();
-    if (arguments.has(u"sample"_s))
-        tenants_AddSampleData();
-    return { QJsonObject{ { u"done"_s, true } },
-             arguments.has(u"sample"_s)
-                 ? u"Mandantentabellen angelegt, Beispielmandanten und Benutzer \"demo\" und \"kreis\" eingetragen.\n"_s
-                 : u"Mandantentabellen angelegt bzw. angepasst.\n"_s };
+    return cliInitTables(context, tenants_CreateTables, tenants_AddSampleData,
+                         u"Mandantentabellen angelegt bzw. angepasst."_s,
+                         u"Mandantentabellen angelegt, Beispielmandanten und Benutzer \"demo\" und \"kreis\" eingetragen."_s);
 }
 
 CliOutput tenantFilter(const CliContext &context)

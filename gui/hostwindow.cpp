@@ -2,9 +2,6 @@
 
 #include "demodata.h"
 #include "globals.h"
-#include "katscommon.h"
-#include "kxerror.h"
-#include "msgdlg.h"
 #include "vehiclemask.h"
 
 #include <QApplication>
@@ -19,16 +16,7 @@ HostWindow::HostWindow(const QString &database, QWidget *parent)
 {
     setWindowTitle(u"kxCommon – Formulare und Rahmen"_s);
     QMenu *forms = menuBar()->addMenu(u"&Formulare"_s);
-    forms->addAction(u"&Kategorien eines Fahrzeugs (Kats) …"_s, this, [] {
-        TKatsCommonForm *form = Kats_Init(demoModule);
-        try {
-            Kats_ShowKats(form, demoVehicle);
-            Kats_SaveKats(form, demoVehicle);
-        } catch (const kx::Error &e) {
-            MsgDlg(e.message(), TMsgDlgType::mtError, mbOK);
-        }
-        Kats_DeInit(form);
-    });
+    forms->addAction(u"&Kategorien eines Fahrzeugs (Kats) …"_s, this, showVehicleCategories);
     forms->addAction(u"Fahrzeugmaske mit &Mandantenrahmen …"_s, this, [this] {
         VehicleMask mask(this);
         mask.exec();

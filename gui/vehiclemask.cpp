@@ -67,11 +67,11 @@ VehicleMask::VehicleMask(QWidget *parent)
     layout->addStretch();
     layout->addWidget(buttons);
     resize(460, 300);
-    connect(categories, &QPushButton::clicked, this, &VehicleMask::showCategories);
+    connect(categories, &QPushButton::clicked, this, &showVehicleCategories);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
-void VehicleMask::showCategories()
+void showVehicleCategories()
 {
     TKatsCommonForm *form = Kats_Init(demoModule);
     try {

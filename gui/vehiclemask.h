@@ -20,6 +20,8 @@ public:
     TCEdit *Typ;
     TfrmMandanten *Mandanten;
 
-private:
-    void showCategories();
 };
+
+// Shows the category dialog for the demo vehicle as the vehicle module does, and stores the
+// ticks when it closes.
+void showVehicleCategories();
