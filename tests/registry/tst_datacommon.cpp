@@ -115,7 +115,8 @@ TEST_F(DataCommonTest, FlagsDecideWhatIsDoneAndWhereItFails)
         std::optional<bool> result;
         Fails failed = Fails::No;
         try {
-            result = InitModulData(c.modulId, u"Fahrzeuge"_s, c.flags, &t.main, { &t.log }, true);
+            // The rights flag goes through unchanged: "granted by default" follows it.
+            result = InitModulData(c.modulId, u"Fahrzeuge"_s, c.flags, &t.main, { &t.log }, c.flags != u"001"_s);
         } catch (const kx::RangeError &) {
             failed = Fails::Range;
         } catch (const kx::ConvertError &) {
@@ -132,6 +133,10 @@ TEST_F(DataCommonTest, FlagsDecideWhatIsDoneAndWhereItFails)
         EXPECT_EQ(links().size(), c.links);
         EXPECT_EQ(registry(), c.registry);
         EXPECT_EQ(compSqlConnection->tableExists(u"SYSUSR_RECHTE"_s) ? rights() : 0, c.rights);
+        if (c.rights > 0) {
+            EXPECT_EQ(rows(u"select distinct DEFAULTGRANT from SYSUSR_RECHTE"_s),
+                      QStringList{ c.flags == u"001"_s ? u"0"_s : u"1"_s });
+        }
     }
     qDeleteAll(applicationOwner()->findChildren<TModulCommonForm *>(Qt::FindDirectChildrenOnly));
 }
