@@ -32,7 +32,8 @@ const TCTableDef &sysDefKatsTable()
     return table;
 }
 
-// The link-table template; Kats_AddModul names the table and the main table IDPARENT points at.
+} // namespace
+
 TCTableDef katsLinkTable()
 {
     TCTableDef table{ u"Standard_Kats"_s,
@@ -48,8 +49,6 @@ TCTableDef katsLinkTable()
     table.Fields[2].link(u"KATS"_s, u"TREEID"_s);
     return table;
 }
-
-} // namespace
 
 TKatsCommonData::TKatsCommonData(QObject *owner)
     : THolderForm(owner)

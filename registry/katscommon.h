@@ -13,6 +13,10 @@ class TKatsCommonForm;
 // The category registry. The tree is the shared category tree "KATS" (root caption
 // "Kats-Plan"); each module that tags its records with categories has a link table of its own.
 
+// The link-table template "Standard_Kats"; Kats_AddModul names the table and the main table
+// that IDPARENT points at.
+TCTableDef katsLinkTable();
+
 // The non-visual part of the category form: the link-table definition (template "Standard_Kats")
 // and the query. Kats_AddModul runs in it, so that modules register without a window system.
 class TKatsCommonData : public THolderForm

@@ -19,10 +19,12 @@ TKatsCommonForm::TKatsCommonForm(QWidget *owner)
     , ToolBar(new QToolBar(this))
     , DoClose(new QAction(u"Schließen"_s, this))
     , DataQuery(new TCSqlQuery(this))
-    , KatsLinkDataAccess(new TCDataAccess(this))
+    , KatsLinkDataAccess(new TCDataAccess(katsLinkTable(), this))
 {
     setObjectName(u"KatsCommonForm"_s);
     setWindowTitle(u"Kats"_s);
+    KatsLinkDataAccess->setObjectName(u"KatsLinkDataAccess"_s);
+    DataQuery->setObjectName(u"DataQuery"_s);
     KatsTree->setObjectName(u"KatsTree"_s);
     KatsTree->TreeName = u"KATS"_s;
     KatsTree->RootCaption = u"Kats-Plan"_s;
