@@ -12,25 +12,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
 const QString noModule = u"-1"_s;
-
-void processTable(const QString &modulId, const QString &modulname, TCDataAccess *table, bool isMain, bool &result)
-{
-    table->Connection = compSqlConnection;
-    const bool created = table->AlterOrCreateTable(true);
-    if (isMain) {
-        result = created;
-        if (modulId != noModule)
-            mdef_AddModul(modulId, modulname, table);
-        InitModulDataLink(table);
-        return;
-    }
-    InitModulDataLink(table);
-    if (modulId != noModule)
-        mdef_AddModulChild(modulId, modulname, table);
-}
-
 } // namespace
 
 void InitModulDataLink(TCDataAccess *DataAccess)
@@ -56,9 +38,18 @@ bool InitModulData(const QString &ModulId, const QString &Modulname, const QStri
 {
     bool result = false;
     if (kx::charAt(Flags, 1) == u'1') {
-        processTable(ModulId, Modulname, MainTable, true, result);
-        for (TCDataAccess *child : ChildTables)
-            processTable(ModulId, Modulname, child, false, result);
+        MainTable->Connection = compSqlConnection;
+        result = MainTable->AlterOrCreateTable(true);
+        if (ModulId != noModule)
+            mdef_AddModul(ModulId, Modulname, MainTable);
+        InitModulDataLink(MainTable);
+        for (TCDataAccess *child : ChildTables) {
+            child->Connection = compSqlConnection;
+            child->AlterOrCreateTable(true);
+            InitModulDataLink(child);
+            if (ModulId != noModule)
+                mdef_AddModulChild(ModulId, Modulname, child);
+        }
     }
     kx::charAt(Flags, 2); // deliberate: read without effect, so a two-character text fails here
     if (kx::charAt(Flags, 3) == u'1' && ModulId != noModule) {
