@@ -6,6 +6,7 @@
 #include "sqltool.h"
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -29,31 +30,24 @@ QString TMandantCommonForm::MandantenBuildSubSelect(const QString &TableName, co
     if (key.isEmpty())
         return result;
 
-    QStringList list;
-    m_list = &list;
-    m_path.clear();
-    struct Release
-    {
-        QStringList *&list;
-        ~Release() { list = nullptr; }
-    } release{ m_list };
-    list << key;
-    m_path << key;
+    m_list = QStringList{ key };
+    m_path = QStringList{ key };
     BuildSub(TableName, key);
 
     // From the last entry down, so that deleting keeps the remaining indexes valid.
-    for (int i = int(list.size()) - 1; i >= 0; --i) {
-        const QString &s = list.at(i);
+    for (int i = int(m_list.size()) - 1; i >= 0; --i) {
+        const QString &s = m_list.at(i);
         const int count = sqlGetValueInt(
             u"Select Count(idMandant) from User_GruppenMandantLink where idMandant='"_s + s
             + u"' and  User_GruppenMandantLink.idParent in ( Select User_GruppenLink.Groupid From User_GruppenLink Where User_GruppenLink.Idparent='"_s
             + User.Id + u"')"_s);
         if (count == 0)
-            list.removeAt(i);
+            m_list.removeAt(i);
         else
-            list[i] = sqlGetValue(u"Select mandantId from Mandanten where ID='"_s + s + u"'"_s);
+            m_list[i] = sqlGetValue(u"Select mandantId from Mandanten where ID='"_s + s + u"'"_s);
     }
     // Deliberate: a user linked to none of the subtree's tenants is not restricted at all.
+    const QStringList list = std::exchange(m_list, {});
     if (list.isEmpty())
         return result;
 
@@ -83,10 +77,10 @@ void TMandantCommonForm::BuildSub(const QString &TableName, const QString &Paren
     for (; !query->Eof(); query->Next()) {
         // Deliberate: the link row's tenant code is looked for among tenant IDs; it only stops a
         // repeated descent where both columns carry the same value.
-        if (m_list->contains(query->FieldByName(u"MandantID"_s).AsString()))
+        if (m_list.contains(query->FieldByName(u"MandantID"_s).AsString()))
             continue;
         const QString id = query->FieldByName(u"IDMandant"_s).AsString();
-        *m_list << id;
+        m_list << id;
         // A ring in the hierarchy would recurse without end: each ID is descended into at most
         // once on one path from the current tenant.
         if (m_path.contains(id))

@@ -26,8 +26,8 @@ public:
     TCSqlQuery *DataQuery;
 
 private:
-    QStringList *m_list = nullptr; // the tenant list, alive during one MandantenBuildSubSelect
-    QStringList m_path;            // the IDs being descended into, from the current tenant down
+    QStringList m_list; // the tenant list of one MandantenBuildSubSelect: IDs, then codes
+    QStringList m_path; // the IDs being descended into, from the current tenant down
 };
 
 extern QPointer<TMandantCommonForm> MandantCommonForm;
