@@ -84,16 +84,16 @@ int TCTreeData::stateFromChildren(int node) const
     return all ? checked : none ? unchecked : partly;
 }
 
-QList<int> TCTreeData::setChecked(int node, bool isChecked)
+bool TCTreeData::setChecked(int node, bool isChecked)
 {
-    QList<int> changed;
+    bool changed = false;
     const int state = isChecked ? checked : unchecked;
     QList<int> pending{ node };
     while (!pending.isEmpty()) {
         const int n = pending.takeLast();
         if (m_nodes[n].CheckState != state) {
             m_nodes[n].CheckState = state;
-            changed << n;
+            changed = true;
         }
         pending << m_nodes[n].Children;
     }
@@ -102,7 +102,7 @@ QList<int> TCTreeData::setChecked(int node, bool isChecked)
         if (derived == m_nodes[n].CheckState)
             break; // nothing above can change either
         m_nodes[n].CheckState = derived;
-        changed << n;
+        changed = true;
     }
     return changed;
 }
@@ -118,21 +118,14 @@ void TCTreeData::setCheckedIds(const QSet<QString> &treeIds)
     }
 }
 
-void TCTreeData::collect(const QList<int> &level, bool withPartly, QStringList &out) const
+void TCTreeData::collect(const QList<int> &level, bool withPartly, QList<int> &out) const
 {
     for (int n : level) {
         const int state = m_nodes[n].CheckState;
         if (state == checked || (withPartly && state == partly))
-            out << m_nodes[n].TreeId;
+            out << n;
         collect(m_nodes[n].Children, withPartly, out);
     }
-}
-
-QStringList TCTreeData::checkedIds(bool withPartlyChecked) const
-{
-    QStringList ids;
-    collect(m_topLevel, withPartlyChecked, ids);
-    return ids;
 }
 
 void TCTreeData::appendText(const QList<int> &level, int depth, bool withStates, QString &out) const
@@ -178,14 +171,14 @@ void TCTreeData::saveCheckState(TCSqlConnection *connection, const QString &reco
 {
     const QString table = linkTable(connection, module);
     connection->execute(u"delete from "_s + table + u" where IDPARENT="_s + kx::sqlQuoted(recordId));
-    QStringList stored;
+    QList<int> stored;
     collect(m_topLevel, !onlyChecked, stored);
-    for (const QString &id : stored) {
+    for (int n : stored) {
         kx::SqlValueList row;
         row.addText(u"ID"_s, sqlGenIdValue())
             .addText(u"IDPARENT"_s, recordId)
-            .addText(u"TREEID"_s, id)
-            .add(u"TREECHECKSTATE"_s, stateValue(m_nodes[m_byId.value(id)].CheckState));
+            .addText(u"TREEID"_s, m_nodes[n].TreeId)
+            .add(u"TREECHECKSTATE"_s, stateValue(m_nodes[n].CheckState));
         connection->execute(SqlBuildInsertSql(table, row.pairs()));
     }
 }

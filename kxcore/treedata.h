@@ -46,12 +46,10 @@ public:
     int indexOf(const QString &treeId) const { return m_byId.value(treeId, Root); }
 
     // Checks or unchecks a node with everything below it, and sets every node above it to
-    // checked, partly checked or unchecked after its children. Returns the nodes that changed.
-    QList<int> setChecked(int node, bool checked);
+    // checked, partly checked or unchecked after its children. Returns whether any node changed.
+    bool setChecked(int node, bool checked);
     // Unchecks everything, then checks the given keys (unknown keys are ignored).
     void setCheckedIds(const QSet<QString> &treeIds);
-    // The keys of the checked nodes (with the partly checked ones when asked), in tree order.
-    QStringList checkedIds(bool withPartlyChecked = false) const;
 
     // The tree as text: the root caption, then one line per node indented by depth, with its
     // state in front when asked ("[x]" checked, "[-]" partly checked, "[ ]" unchecked).
@@ -68,7 +66,8 @@ public:
 
 private:
     int stateFromChildren(int node) const;
-    void collect(const QList<int> &level, bool withPartly, QStringList &out) const;
+    // The checked nodes (with the partly checked ones when asked), in tree order.
+    void collect(const QList<int> &level, bool withPartly, QList<int> &out) const;
     void appendText(const QList<int> &level, int depth, bool withStates, QString &out) const;
 
     QList<Node> m_nodes;

@@ -104,7 +104,7 @@ bool TCDBTreeModel::setData(const QModelIndex &index, const QVariant &value, int
         return false;
     // A click on a partly checked node checks it with everything below.
     const bool checked = value.value<Qt::CheckState>() != Qt::Unchecked;
-    if (!m_data.setChecked(node, checked).isEmpty())
+    if (m_data.setChecked(node, checked))
         checkStatesChanged();
     return true;
 }
