@@ -12,7 +12,6 @@
 #include "sqldialect.h"
 #include "sqltool.h"
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <cstdio>

@@ -12,7 +12,6 @@
 #include "stockdata.h"
 #include "syscommon.h"
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <cstdio>

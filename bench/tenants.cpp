@@ -8,7 +8,6 @@
 #include "sqlconnection.h"
 #include "tenantdata.h"
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <cstdio>

@@ -40,7 +40,6 @@ TCEdit::TCEdit(QWidget *parent)
     , m_completer(new QCompleter(m_pickList, this))
 {
     m_label->setBuddy(m_edit);
-    m_button->setText(u"…"_s);
     m_button->setFocusPolicy(Qt::NoFocus);
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);
     m_completer->setCompletionMode(QCompleter::PopupCompletion);
@@ -221,9 +220,7 @@ void TCEdit::applyStyle()
     m_button->setVisible(style == ceFunction || style == ceMenu || style == ceHandlerList);
     m_button->setPopupMode(style == ceMenu ? QToolButton::InstantPopup : QToolButton::DelayedPopup);
     m_button->setMenu(style == ceMenu ? m_menu : nullptr);
-    m_button->setText(style == ceMenu ? u"☰"_s : u"▾"_s);
-    if (style == ceFunction)
-        m_button->setText(u"…"_s);
+    m_button->setText(style == ceFunction ? u"…"_s : style == ceMenu ? u"☰"_s : u"▾"_s);
     m_edit->setAlignment(style == ceFloat ? Qt::AlignRight : Qt::AlignLeft);
     QFont font = m_label->font();
     font.setBold(cEditStyle.Mandatory());
