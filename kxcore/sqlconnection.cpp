@@ -100,7 +100,7 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     Q_EMIT statementExecuted(sql);
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
-    const QString statement = kx::singleStatement(sql);
+    const QString statement = kx::singleStatement(sql, m_driver->dialect().lexis());
     // Every statement is committed when it returns, so an explicit "Commit" has nothing left to do.
     if (statement.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
         return {};
@@ -136,35 +136,6 @@ bool TCSqlConnection::tableExists(const QString &table)
 }
 
 namespace kx {
-
-QString singleStatement(const QString &sql)
-{
-    const qsizetype n = sql.size();
-    for (qsizetype i = 0; i < n; ++i) {
-        const QChar c = sql.at(i);
-        if (c == u'\'' || c == u'"') {
-            // A doubled quote inside a literal reads as the closing quote and a new opening one.
-            for (++i; i < n && sql.at(i) != c; ++i) {
-            }
-        } else if (c == u'-' && i + 1 < n && sql.at(i + 1) == u'-') {
-            while (i < n && sql.at(i) != u'\n')
-                ++i;
-        } else if (c == u'/' && i + 1 < n && sql.at(i + 1) == u'*') {
-            const qsizetype end = sql.indexOf(u"*/"_s, i + 2);
-            i = end < 0 ? n : end + 1;
-        } else if (c == u';') {
-            for (qsizetype j = i + 1; j < n; ++j) {
-                if (!sql.at(j).isSpace() && sql.at(j) != u';')
-                    throw DatabaseError(
-                        u"Die Anweisung enthält nach \";\" eine zweite Anweisung und wird nicht ausgeführt:\n%1"_s
-                            .arg(sql),
-                        sql);
-            }
-            return sql.left(i);
-        }
-    }
-    return sql;
-}
 
 SqlTraceCapture::SqlTraceCapture(TCSqlConnection *connection)
 {

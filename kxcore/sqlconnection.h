@@ -56,9 +56,13 @@ extern TCSqlConnection *compSqlConnection;
 
 namespace kx {
 
+struct SqlLexis;
+
 // The statement text without a trailing ";"; throws DatabaseError when a second statement
-// follows a ";" outside string literals, quoted names and comments.
+// follows a ";" outside string literals, quoted names and comments, read as the product reads
+// them (standard SQL when no lexis is given).
 QString singleStatement(const QString &sql);
+QString singleStatement(const QString &sql, const SqlLexis &lexis);
 
 // Records every statement text while it lives (for tests and the command line's trace).
 class SqlTraceCapture

@@ -55,6 +55,7 @@ class SqliteDialect final : public SqlDialect
 public:
     QString productName() const override { return u"sqlite"_s; }
     int dbSystem() const override { return 2; }
+    SqlLexis lexis() const override { return { .bracketNames = true }; }
     QString catalogName(const QString &name) const override { return name; }
     QString tableNamesSql() const override
     {
@@ -98,6 +99,10 @@ class PostgresDialect final : public SqlDialect
 public:
     QString productName() const override { return u"postgres"_s; }
     int dbSystem() const override { return 2; }
+    SqlLexis lexis() const override
+    {
+        return { .dollarQuotes = true, .escapeStrings = true, .nestedComments = true };
+    }
     int maxIdentifierLength() const override { return 63; }
     QString catalogName(const QString &name) const override { return name.toLower(); }
     QString tableNamesSql() const override
@@ -143,6 +148,7 @@ class FirebirdDialect final : public SqlDialect
 public:
     QString productName() const override { return u"firebird"_s; }
     int dbSystem() const override { return 0; }
+    SqlLexis lexis() const override { return { .qLiterals = true }; }
     QString catalogName(const QString &name) const override { return name.toUpper(); }
     QString tableNamesSql() const override
     {

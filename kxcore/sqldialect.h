@@ -5,6 +5,18 @@
 
 namespace kx {
 
+// How a product reads quotes and comments beyond the standard '...', "...", -- and /* */.
+// The one-statement check must read a text exactly as the product will, or a quote form the
+// product knows and the check does not could hide a second statement.
+struct SqlLexis
+{
+    bool dollarQuotes = false;   // $$...$$ and $tag$...$tag$
+    bool escapeStrings = false;  // E'...' with backslash escapes
+    bool nestedComments = false; // /* /* */ */ is one comment
+    bool qLiterals = false;      // q'{...}', q'[...]', q'(...)', q'<...>', q'x...x'
+    bool bracketNames = false;   // [name] and `name`
+};
+
 // Everything that differs between the database products, one hook per concern.
 // The base class holds the common SQL; each product overrides only where it differs.
 class SqlDialect
@@ -20,6 +32,7 @@ public:
     // (so "set a=a+1, b=a" leaves b at the old a). All three products here do; a product that
     // reads the assignments in order would return false.
     virtual bool updateReadsOldRow() const { return true; }
+    virtual SqlLexis lexis() const { return {}; }
 
     // The product's column type for a type text of a table definition ("Varchar(43)", "Date", ...).
     QString columnType(const QString &definitionType) const;

@@ -38,6 +38,42 @@ TEST_F(ConnectionTest, ASecondStatementIsRefusedAndNotRun)
     EXPECT_EQ(trace.statements().first(), u"INSERT INTO KXT_B (ID) VALUES ('x'); DROP TABLE KXT_B"_s);
 }
 
+// Each product's own quote and comment forms: a second statement hidden behind them is refused
+// and not run, and a ";" inside them is no reason to refuse.
+TEST_F(ConnectionTest, ProductQuotingHidesNoSecondStatement)
+{
+    exec(u"CREATE TABLE KXT_H (ID VARCHAR(10))"_s);
+    exec(u"INSERT INTO KXT_H (ID) VALUES ('kept')"_s);
+    QStringList hidden;
+    QStringList single;
+    if (kxtest::product() == u"postgres"_s) {
+        hidden = { u"select $$'$$; delete from KXT_H; select $$'$$"_s,
+                   u"select $q$'$q$; delete from KXT_H; select $q$'$q$"_s,
+                   uR"(select E'\''; delete from KXT_H; select '''')"_s,
+                   u"select 1 /* /* */ ' */; delete from KXT_H; -- '"_s };
+        single = { u"select $$a;b$$"_s, u"select $x$a;$$;b$x$"_s, uR"(select E'a\';b')"_s,
+                   u"select 1 /* /* ; */ ; */"_s };
+    } else if (kxtest::product() == u"firebird"_s) {
+        hidden = { u"select q'{'}' from rdb$database; delete from KXT_H; select '}' from rdb$database"_s,
+                   u"select q'!'!' from rdb$database; delete from KXT_H; -- '"_s };
+        single = { u"select q'{a;b}' from rdb$database"_s, u"select q'<a;'b>' from rdb$database"_s };
+    } else {
+        hidden = { u"select [']; delete from KXT_H; -- ']"_s, u"select `'`; delete from KXT_H; -- '`"_s };
+        single = { u"select 1 as [a;b]"_s, u"select 1 as `a;b`"_s };
+    }
+    for (const QString &sql : hidden) {
+        try {
+            SqlExec(sql);
+            ADD_FAILURE() << "ran: " << sql.toStdString();
+        } catch (const kx::DatabaseError &e) {
+            EXPECT_TRUE(e.message().contains(u"zweite Anweisung"_s)) << e.message().toStdString();
+        }
+        EXPECT_EQ(rows(u"SELECT ID FROM KXT_H"_s), QStringList{ u"kept"_s }) << sql.toStdString();
+    }
+    for (const QString &sql : single)
+        EXPECT_NO_THROW(SqlExec(sql)) << sql.toStdString();
+}
+
 TEST_F(ConnectionTest, TraceShowsEveryTextAsSent)
 {
     kx::SqlTraceCapture trace;
