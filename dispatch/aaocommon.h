@@ -39,7 +39,7 @@ const QStringList &aaoWeekdayColumns();
 
 // The statements the lookups run (for the command line's --explain).
 QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel);
-QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel, QString Datum,
+QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel, const QString &Datum,
                      const QString &Uhrzeit);
 
 TAaoStrasseParts AaoSplitStrasse(QString Text);

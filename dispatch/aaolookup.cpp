@@ -71,16 +71,16 @@ QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QSt
                      now.time().toString(FormatSettings().LongTimeFormat), sqlConvertDate(now), u"1=2"_s);
 }
 
-QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel, QString Datum,
+QString aaoStatement(const QString &Objekt, const QString &Einsatzort, const QString &Alarmkuerzel, const QString &Datum,
                      const QString &Uhrzeit)
 {
-    QString iso = sqlConvertDate(Datum);
-    if (iso.isEmpty()) { // an unreadable date is today's, without a word
-        Datum = QDate::currentDate().toString(FormatSettings().ShortDateFormat);
-        iso = sqlConvertDate(Datum);
-    }
-    return statement(Objekt, Einsatzort, Alarmkuerzel, weekdayColumn(QDate::fromString(iso, Qt::ISODate)), Uhrzeit,
-                     iso, condition(u"EINSATZORT"_s, Einsatzort));
+    // The date is read as the short date format gives it (a time part or other text makes it
+    // unreadable, a missing year is completed); an unreadable date is today's, without a word.
+    QDate date = kx::strToDate(Datum);
+    if (!date.isValid())
+        date = QDate::currentDate();
+    return statement(Objekt, Einsatzort, Alarmkuerzel, weekdayColumn(date), Uhrzeit, sqlConvertDate(date),
+                     condition(u"EINSATZORT"_s, Einsatzort));
 }
 
 QString aaoGetID(QString Objekt, QString Einsatzort, QString Alarmkuerzel)

@@ -35,3 +35,63 @@ void loadFormatSettings(QSettings &settings)
         f.ThousandSeparator = thousand.at(0);
     settings.endGroup();
 }
+
+namespace kx {
+
+QDate strToDate(const QString &text, const QDate &today)
+{
+    const QString format = FormatSettings().ShortDateFormat;
+    QString order;
+    QString separators;
+    for (const QChar c : format) {
+        if (c == u'd' || c == u'M' || c == u'y') {
+            if (!order.contains(c))
+                order += c;
+        } else {
+            separators += c;
+        }
+    }
+    if (order.size() != 3)
+        return {};
+
+    QStringList numbers;
+    bool separated = true;
+    for (qsizetype i = 0; i < text.size();) {
+        const QChar c = text.at(i);
+        if (c.isDigit()) {
+            if (!separated)
+                return {};
+            qsizetype j = i;
+            while (j < text.size() && text.at(j).isDigit())
+                ++j;
+            numbers << text.mid(i, j - i);
+            separated = false;
+            i = j;
+        } else if (separators.contains(c)) {
+            separated = true;
+            ++i;
+        } else if (c.isSpace()) {
+            ++i; // blanks around numbers and separators are read over
+        } else {
+            return {};
+        }
+    }
+    if (numbers.size() == 2)
+        order.remove(u'y');
+    if (numbers.size() != order.size())
+        return {};
+
+    int day = 0, month = 0, year = today.year();
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        const int number = numbers.at(i).left(9).toInt();
+        if (order.at(i) == u'd')
+            day = number;
+        else if (order.at(i) == u'M')
+            month = number;
+        else // two-digit years fall into the window 1950-2049
+            year = numbers.at(i).size() <= 2 ? number + (number < 50 ? 2000 : 1900) : number;
+    }
+    return QDate(year, month, day);
+}
+
+} // namespace kx

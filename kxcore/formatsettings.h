@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 class QSettings;
@@ -20,3 +21,12 @@ TCFormatSettings &FormatSettings();
 // Reads overrides from the section [Format] (keys ShortDateFormat, LongTimeFormat,
 // DecimalSeparator, ThousandSeparator); missing keys keep their values.
 void loadFormatSettings(QSettings &settings);
+
+namespace kx {
+
+// A date text read as the short date format gives it: day, month and year in the format's order,
+// separated by the format's separators (blanks are read over); a missing year is today's year.
+// Anything else, a time part too, gives an invalid date.
+QDate strToDate(const QString &text, const QDate &today = QDate::currentDate());
+
+} // namespace kx

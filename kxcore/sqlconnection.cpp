@@ -100,11 +100,12 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     Q_EMIT statementExecuted(sql);
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
-    const QString statement = kx::singleStatement(sql, m_driver->dialect().lexis());
+    const kx::SqlDialect &dialect = m_driver->dialect();
+    const QString statement = kx::singleStatement(sql, dialect.lexis());
     // Every statement is committed when it returns, so an explicit "Commit" has nothing left to do.
     if (statement.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
         return {};
-    return m_driver->execute(statement);
+    return m_driver->execute(dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement);
 }
 
 QStringList TCSqlConnection::firstColumn(const QString &sql)

@@ -33,6 +33,10 @@ public:
     // reads the assignments in order would return false.
     virtual bool updateReadsOldRow() const { return true; }
     virtual SqlLexis lexis() const { return {}; }
+    // Whether the product sorts null above every value (first in a descending order). The
+    // connection then states the null order of each ORDER BY item, so that null is the lowest
+    // value on every product, as SQLite and Firebird have it.
+    virtual bool nullsSortHigh() const { return false; }
 
     // The product's column type for a type text of a table definition ("Varchar(43)", "Date", ...).
     QString columnType(const QString &definitionType) const;
@@ -66,6 +70,10 @@ protected:
     };
     virtual QList<TypeRule> typeRules() const = 0;
 };
+
+// The statement with "NULLS FIRST" after each ascending and "NULLS LAST" after each descending
+// ORDER BY item that does not name its null order.
+QString withNullsLowest(const QString &sql, const SqlLexis &lexis);
 
 const SqlDialect &sqliteDialect();
 const SqlDialect &postgresDialect();

@@ -4,6 +4,9 @@
 #include "sqlconnection.h"
 #include "sqldialect.h"
 
+#include <QRegularExpression>
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kx {
@@ -33,6 +36,21 @@ public:
             skipToken();
         }
         return -1;
+    }
+
+    // The text with comments blanked and every character of a literal or quoted name replaced
+    // by "x": the same length, so that positions found in it hold in the text.
+    QString codeMask()
+    {
+        QString mask = m_sql;
+        while (m_i < m_sql.size()) {
+            const qsizetype start = m_i;
+            const bool comment = (at(m_i) == u'-' && at(m_i + 1) == u'-') || (at(m_i) == u'/' && at(m_i + 1) == u'*');
+            skipToken();
+            if (m_i - start > 1 || comment)
+                mask.replace(start, m_i - start, QString(m_i - start, comment ? u' ' : u'x'));
+        }
+        return mask;
     }
 
 private:
@@ -131,7 +149,64 @@ private:
     qsizetype m_i = 0;
 };
 
+// Where each item of the ORDER BY clause that begins at from ends, in the mask; the clause
+// ends at a ")" closing its bracket, at LIMIT, OFFSET, FETCH or FOR, or at the end.
+QList<qsizetype> orderItemEnds(const QString &mask, qsizetype from)
+{
+    static const QRegularExpression clauseEnd(u"\\G(limit|offset|fetch|for)\\b"_s,
+                                              QRegularExpression::CaseInsensitiveOption);
+    QList<qsizetype> ends;
+    int depth = 0;
+    qsizetype j = from;
+    for (; j < mask.size(); ++j) {
+        const QChar c = mask.at(j);
+        if (c == u'(') {
+            ++depth;
+        } else if (c == u')') {
+            if (depth-- == 0)
+                break;
+        } else if (c == u',' && depth == 0) {
+            ends << j;
+        } else if (depth == 0 && !isNameChar(mask.at(j - 1)) && clauseEnd.match(mask, j).hasMatch()) {
+            break;
+        }
+    }
+    ends << j;
+    return ends;
+}
+
 } // namespace
+
+QString withNullsLowest(const QString &sql, const SqlLexis &lexis)
+{
+    if (!sql.contains(u"order"_s, Qt::CaseInsensitive))
+        return sql;
+    static const QRegularExpression orderBy(u"\\border\\s+by\\b"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression lastWord(u"(\\w+)\\s*$"_s);
+    static const QRegularExpression explicitNulls(u"\\b(nulls|using)\\b"_s, QRegularExpression::CaseInsensitiveOption);
+    const QString mask = Scanner(sql, lexis).codeMask();
+    QList<std::pair<qsizetype, QString>> inserts;
+    for (const QRegularExpressionMatch &clause : orderBy.globalMatch(mask)) {
+        qsizetype itemStart = clause.capturedEnd();
+        for (const qsizetype end : orderItemEnds(mask, itemStart)) {
+            qsizetype last = end;
+            while (last > itemStart && mask.at(last - 1).isSpace())
+                --last;
+            const QString item = mask.mid(itemStart, last - itemStart);
+            itemStart = end + 1;
+            if (item.trimmed().isEmpty() || explicitNulls.match(item).hasMatch())
+                continue;
+            const bool descending = lastWord.match(item).captured(1).compare(u"desc"_s, Qt::CaseInsensitive) == 0;
+            inserts.append({ last, descending ? u" NULLS LAST"_s : u" NULLS FIRST"_s });
+        }
+    }
+    // From the back, so that each position still holds when it is reached.
+    std::sort(inserts.begin(), inserts.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    QString result = sql;
+    for (const auto &[position, text] : inserts)
+        result.insert(position, text);
+    return result;
+}
 
 QString singleStatement(const QString &sql)
 {

@@ -1,6 +1,7 @@
 // AAO lookup, district lookup and settings names on each product.
 #include "aaocommon.h"
 #include "dispatchdata.h"
+#include "formatsettings.h"
 #include "sqltool.h"
 #include "sqlconnection.h"
 #include "testdatabase.h"
@@ -103,6 +104,42 @@ TEST_F(AaoTest, TimeAndDateWindows)
             << c.kuerzel.toStdString() << " " << c.date.toStdString() << " " << c.time.toStdString();
 }
 
+// Rules written by other programs may hold null where this package writes 0 or the empty text.
+// Null sorts as the lowest value on every product, so the same rule wins everywhere.
+TEST_F(AaoTest, CompetingRulesWithNullsGiveTheSameRuleOnEveryProduct)
+{
+    if (!ready())
+        return;
+    const auto add = [](const QString &kuerzel, const QString &name, const QString &columns, const QString &values) {
+        SqlExec(u"insert into AAO (ID, ALARMKUERZEL, BEZEICHNUNG, ES_MO, ES_DI, ES_MI, ES_DO, ES_FR, ES_SA, ES_SO, "_s
+                + columns + u") values ('"_s + sqlGenIdValue() + u"', '"_s + kuerzel + u"', '"_s + name
+                + u"', 1, 1, 1, 1, 1, 1, 1, "_s + values + u")"_s);
+    };
+    const QString restricted = u"EXTENDEDSETTINGS, ALARMOBJEKT, EINSATZORT, ES_FROMTIME, ES_TOTIME, ES_FROMDATE, ES_TODATE"_s;
+    add(u"N1"_s, u"offen"_s, restricted, u"null, null, null, null, null, null, null"_s);
+    add(u"N1"_s, u"beschränkt"_s, restricted, u"1, null, null, null, null, null, null"_s);
+    add(u"N2"_s, u"November"_s, restricted, u"1, '', '', '', '', '2026-11-01', '2026-11-30'"_s);
+    add(u"N2"_s, u"ohne Beginn"_s, restricted, u"1, '', '', '', '', null, null"_s);
+    add(u"N3"_s, u"ab acht"_s, restricted, u"1, '', '', '08:00:00', '16:00:00', null, null"_s);
+    add(u"N3"_s, u"ohne Zeit"_s, restricted, u"1, '', '', null, '16:00:00', null, null"_s);
+    add(u"N4"_s, u"bis 16"_s, restricted, u"1, '', '', '08:00:00', '16:00:00', null, null"_s);
+    add(u"N4"_s, u"ohne Ende"_s, restricted, u"1, '', '', '08:00:00', null, null, null"_s);
+    add(u"N5"_s, u"jedes Objekt"_s, restricted, u"0, null, '', null, null, null, null"_s);
+    add(u"N5"_s, u"Rathaus"_s, restricted, u"0, 'Rathaus', '', null, null, null, null"_s);
+    add(u"N6"_s, u"Objekt null"_s, restricted, u"0, null, '', null, null, null, null"_s);
+    add(u"N6"_s, u"Objekt leer"_s, restricted, u"0, '', '', null, null, null, null"_s);
+    add(u"N7"_s, u"jeder Ort"_s, restricted, u"0, '', null, null, null, null, null"_s);
+    add(u"N7"_s, u"Mitte"_s, restricted, u"0, '', 'Mitte', null, null, null, null"_s);
+    const std::pair<QString, QString> expected[] = {
+        { u"N1"_s, u"beschränkt"_s },  { u"N2"_s, u"ohne Beginn"_s }, { u"N3"_s, u"ohne Zeit"_s },
+        { u"N4"_s, u"ohne Ende"_s },   { u"N5"_s, u"Rathaus"_s },     { u"N6"_s, u"Objekt leer"_s },
+        { u"N7"_s, u"Mitte"_s },
+    };
+    for (const auto &[kuerzel, winner] : expected)
+        EXPECT_EQ(nameOf(aaoGetID(u"Rathaus"_s, u"Mitte"_s, kuerzel, u"25.11.2026"_s, u"12:00:00"_s)), winner)
+            << kuerzel.toStdString();
+}
+
 TEST_F(AaoTest, ObjectPlaceAndPlaceList)
 {
     if (!ready())
@@ -162,12 +199,35 @@ TEST_F(AaoTest, StatementTexts)
     EXPECT_TRUE(now.contains(u"AAO_Orte Where 1=2) )"_s)) << "the lookup without a date never uses the place list";
     EXPECT_TRUE(now.contains(u"'"_s + QDate::currentDate().toString(Qt::ISODate) + u"'"_s));
 
-    // An unreadable date is today's.
-    trace.clear();
-    aaoGetID(u"x"_s, u"y"_s, u"B2"_s, u"kein Datum"_s, u"10:00:00"_s);
+    // The date reads as the short date format gives it; what does not read is today's.
+    const QDate today = QDate::currentDate();
+    const struct {
+        TCFormatSettings settings;
+        QString datum;
+        QDate expected;
+    } dates[] = {
+        { TCFormatSettings::german(), u"kein Datum"_s, today },
+        { TCFormatSettings::german(), u"25.11.2026 10:00"_s, today },
+        { TCFormatSettings::german(), u"25.11.2026 xyz"_s, today },
+        { TCFormatSettings::german(), u"2026-11-25"_s, today },
+        { TCFormatSettings::german(), u"25.11"_s, QDate(today.year(), 11, 25) },
+        { TCFormatSettings::german(), u"25.11.2026"_s, QDate(2026, 11, 25) },
+        // A format with blanks, loadable from the settings, must not upset the weekday.
+        { { u"d. M. yyyy"_s, u"hh:mm:ss"_s, u',', u'.' }, u"25. 11. 2026"_s, QDate(2026, 11, 25) },
+        { { u"d. M. yyyy"_s, u"hh:mm:ss"_s, u',', u'.' }, u"kein Datum"_s, today },
+        { { u"d-M"_s, u"hh:mm:ss"_s, u',', u'.' }, u"25-11"_s, today },
+    };
     const QString columns[] = { u"ES_MO"_s, u"ES_DI"_s, u"ES_Mi"_s, u"ES_DO"_s, u"ES_Fr"_s, u"ES_Sa"_s, u"ES_So"_s };
-    EXPECT_TRUE(trace.statements().first().contains(u"ES_FromDate<='"_s + QDate::currentDate().toString(Qt::ISODate)));
-    EXPECT_TRUE(trace.statements().first().contains(columns[QDate::currentDate().dayOfWeek() - 1] + u"=1"_s));
+    const TCFormatSettings saved = FormatSettings();
+    for (const auto &c : dates) {
+        FormatSettings() = c.settings;
+        trace.clear();
+        aaoGetID(u"x"_s, u"y"_s, u"B2"_s, c.datum, u"10:00:00"_s);
+        FormatSettings() = saved;
+        const QString sent = trace.statements().first();
+        EXPECT_TRUE(sent.contains(u"ES_FromDate<='"_s + c.expected.toString(Qt::ISODate))) << c.datum.toStdString();
+        EXPECT_TRUE(sent.contains(columns[c.expected.dayOfWeek() - 1] + u"=1"_s)) << c.datum.toStdString();
+    }
 
     // Without a keyword the statement is not valid SQL; the database's error reaches the caller.
     EXPECT_THROW(aaoGetID(u"x"_s, u"y"_s, QString()), kx::DatabaseError);

@@ -96,6 +96,36 @@ TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
     EXPECT_EQ(sqlConvertDate(QDateTime(QDate(2026, 1, 5), QTime(23, 59))), u"2026-01-05"_s);
 }
 
+TEST(StrToDate, ReadsOnlyWhatTheShortDateFormatGives)
+{
+    const TCFormatSettings blanks{ u"d. M. yyyy"_s, u"hh:mm:ss"_s, u',', u'.' };
+    const QDate today(2026, 11, 22);
+    const struct {
+        TCFormatSettings settings;
+        QString text;
+        QDate expected;
+    } cases[] = {
+        { TCFormatSettings::german(), u"25.11.2026"_s, QDate(2026, 11, 25) },
+        { TCFormatSettings::german(), u" 5.1.26 "_s, QDate(2026, 1, 5) },
+        { TCFormatSettings::german(), u"25.11"_s, QDate(2026, 11, 25) }, // the year is completed
+        { TCFormatSettings::german(), u"25.11.2026 10:00"_s, {} },
+        { TCFormatSettings::german(), u"25.11.2026 xyz"_s, {} },
+        { TCFormatSettings::german(), u"2026-11-25"_s, {} },
+        { TCFormatSettings::german(), u"25 11 2026"_s, {} },
+        { TCFormatSettings::german(), u"31.02.2026"_s, {} },
+        { TCFormatSettings::german(), u"25"_s, {} },
+        { TCFormatSettings::german(), u""_s, {} },
+        { TCFormatSettings::english(), u"11/25/2026"_s, QDate(2026, 11, 25) },
+        { blanks, u"25. 11. 2026"_s, QDate(2026, 11, 25) },
+        { blanks, u"25.11.2026"_s, QDate(2026, 11, 25) },
+        { blanks, u"25 11 2026"_s, QDate(2026, 11, 25) },
+    };
+    for (const auto &c : cases) {
+        FormatScope scope(c.settings);
+        EXPECT_EQ(kx::strToDate(c.text, today), c.expected) << c.text.toStdString();
+    }
+}
+
 TEST(SqlConvertString, DoublesQuotesOnly)
 {
     EXPECT_EQ(sqlConvertString(u"O'Brien"_s), u"O''Brien"_s);

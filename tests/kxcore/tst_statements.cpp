@@ -1,6 +1,7 @@
 // The one-statement rule and the connection string, without a server.
 #include "kxerror.h"
 #include "sqlconnection.h"
+#include "sqldialect.h"
 #include "sqlquery.h"
 #include "testdatabase.h"
 
@@ -42,6 +43,29 @@ TEST(SingleStatement, RefusesASecondStatement)
     };
     for (const QString &sql : cases)
         EXPECT_THROW(kx::singleStatement(sql), kx::DatabaseError) << sql.toStdString();
+}
+
+TEST(NullsLowest, StatesTheNullOrderOfEachItem)
+{
+    const kx::SqlLexis postgres = kx::postgresDialect().lexis();
+    const struct {
+        QString sql;
+        QString expected;
+    } cases[] = {
+        { u"select a from t order by a"_s, u"select a from t order by a NULLS FIRST"_s },
+        { u"select a from t ORDER  BY a DESC, b asc,c"_s,
+          u"select a from t ORDER  BY a DESC NULLS LAST, b asc NULLS FIRST,c NULLS FIRST"_s },
+        { u"select a from t order by a nulls last, b desc\nlimit 1"_s,
+          u"select a from t order by a nulls last, b desc NULLS LAST\nlimit 1"_s },
+        { u"select (select x from u order by f(y, z) desc limit 1) from t order by 1 offset 2"_s,
+          u"select (select x from u order by f(y, z) desc NULLS LAST limit 1) from t order by 1 NULLS FIRST offset 2"_s },
+        { u"select 'order by x' from t order by \"desc\" , $$x$$ /* order by y */"_s,
+          u"select 'order by x' from t order by \"desc\" NULLS FIRST , $$x$$ NULLS FIRST /* order by y */"_s },
+        { u"select a from t where b='x' -- order by a"_s, u"select a from t where b='x' -- order by a"_s },
+        { u"select a from border by_a"_s, u"select a from border by_a"_s },
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(kx::withNullsLowest(c.sql, postgres), c.expected) << c.sql.toStdString();
 }
 
 TEST(ConnectionString, ParsesEachProduct)
