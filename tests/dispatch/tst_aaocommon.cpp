@@ -6,6 +6,8 @@
 #include "sqlconnection.h"
 #include "testdatabase.h"
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -286,8 +288,12 @@ TEST_F(AaoTest, SettingsNames)
 {
     if (!ready())
         return;
-    const QString host = GetComputerName();
+    // The host name as the system reports it, read here without the package.
+    char buffer[256] = {};
+    ASSERT_EQ(gethostname(buffer, sizeof buffer - 1), 0);
+    const QString host = QString::fromLocal8Bit(buffer);
     ASSERT_FALSE(host.isEmpty());
+    EXPECT_EQ(GetComputerName(), host);
     EXPECT_EQ(GetFMSMonitorLocalParamValue(), u"FMSMonitor_"_s + host);
     EXPECT_EQ(GetFMSMonitorParamValue(), u"FMSMonitor"_s);
     EXPECT_EQ(GetLumironParamValue(), u"Lumiron"_s);

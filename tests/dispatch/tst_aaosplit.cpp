@@ -82,8 +82,13 @@ TEST(AaoSplit, LongAndOddTextsNeverBreak)
     QString controls;
     for (char16_t c = 0; c < 32; ++c)
         controls += QChar(c);
-    EXPECT_NO_THROW(AaoSplitStrasse(controls + u"12"_s));
-    EXPECT_NO_THROW(AaoSplitObjektName(controls + u"- "_s + controls));
+    // A line break among the control characters ends the first line: no house number there.
+    const TAaoStrasseParts odd = AaoSplitStrasse(controls + u" 12"_s);
+    EXPECT_EQ(odd.Hausnummer + odd.HausnummerZusatz, QString());
+    EXPECT_EQ(AaoSplitStrasse(u"Weg 12"_s + controls.mid(14)).Hausnummer, QString());
+    // The character before the number moves into the suffix, a control character too.
+    EXPECT_EQ(AaoSplitStrasse(u"Weg"_s + controls.mid(14) + u"12a"_s).CompleteHausnummer(), u"12"_s + QChar(0x1f) + u"a"_s);
+    EXPECT_EQ(AaoSplitObjektName(u"Ort - "_s + controls).Name, controls);
 }
 
 TEST(SqlGetSelectFieldValue, GermanAddresses)

@@ -32,6 +32,7 @@ protected:
         fee_AddSurcharge(QString::fromUtf16(HourlyBeyond), m_costId, 2, 120, { { u"SVGV_KT"_s, 30 } });
         fee_AddSurcharge(QString::fromUtf16(RateSurcharges), m_costId, 0.5, 30, { { u"FWA_FW_SZ"_s, 1.5 } });
         fee_AddCosts(fee_AddEvent(u"S"_s, u"GENAU"_s), { { u"VK_SVGV_KT"_s, 0.01 } });
+        fee_AddEvent(u"S"_s, u"OHNE"_s); // an event without a cost row
         // A schedule without events at all.
         fee_AddSchedule(u"Leer"_s, u"LEER"_s);
     }
@@ -62,6 +63,7 @@ TEST_F(GSCommonTest, LegsOfAnOperation)
         // A quantity is billed hours: divisor 1, thresholds on Anzahl, no rounding.
         { "quantity of 2.5 hours", u"S"_s, u"brand"_s, 0, 1, 20, 2.5, 11 + 3 + 150 + 1.5, 4 + 75, 30 + 15 },
         { "unknown event takes VORGABE", u"S"_s, u"Übung"_s, 0, 1, 0, 0, 6, 0, 0 },
+        { "an event without a cost row bills nothing", u"S"_s, u"ohne"_s, 0, 1, 0, 0, 0, 0, 0 },
         { "no event and no VORGABE", u"LEER"_s, u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
         { "no schedule", QString(), u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
     };
@@ -69,15 +71,16 @@ TEST_F(GSCommonTest, LegsOfAnOperation)
         SCOPED_TRACE(c.name);
         double a = -1, b = -1, cc = -1;
         EXPECT_TRUE(CalcGebuhren(c.schedule, c.event, c.days, c.hours, c.minutes, c.quantity, a, b, cc));
-        EXPECT_DOUBLE_EQ(a, c.a);
-        EXPECT_DOUBLE_EQ(b, c.b);
-        EXPECT_DOUBLE_EQ(cc, c.c);
+        // Every amount here is exact in binary: the sums must match to the last bit.
+        EXPECT_EQ(a, c.a);
+        EXPECT_EQ(b, c.b);
+        EXPECT_EQ(cc, c.c);
         // With kilometres the second and third legs carry their kilometre amounts (2 and 0.5 a km).
-        const bool hasCosts = c.schedule == u"S"_s && c.event.toUpper() != u"ÜBUNG"_s;
+        const bool hasKm = c.schedule == u"S"_s && c.event.toUpper() == u"BRAND"_s;
         EXPECT_TRUE(CalcGebuhren(c.schedule, c.event, c.days, c.hours, c.minutes, c.quantity, 10, a, b, cc));
-        EXPECT_DOUBLE_EQ(a, c.a);
-        EXPECT_DOUBLE_EQ(b, c.b + (hasCosts ? 20 : 0));
-        EXPECT_DOUBLE_EQ(cc, c.c + (hasCosts ? 5 : 0));
+        EXPECT_EQ(a, c.a);
+        EXPECT_EQ(b, c.b + (hasKm ? 20 : 0));
+        EXPECT_EQ(cc, c.c + (hasKm ? 5 : 0));
     }
     EXPECT_TRUE(applicationOwner()->findChildren<TGSCommonForm *>().isEmpty()) << "every call frees its holder";
 }
@@ -115,7 +118,10 @@ TEST_F(GSCommonTest, StatementTexts)
     EXPECT_TRUE(trace.statements().isEmpty());
 }
 
-TEST_F(GSCommonTest, SumsInExtendedPrecision)
+// Each addition is made in extended precision and stored back as a double, in the schedule's
+// order: the cost row's two columns, the flat surcharges from the highest threshold down, then
+// the hourly rates. Amounts of very different size make any other order or rounding show.
+TEST_F(GSCommonTest, SumsInTheScheduleOrder)
 {
     if (IsSkipped() || HasFailure())
         return;
@@ -127,29 +133,56 @@ TEST_F(GSCommonTest, SumsInExtendedPrecision)
     double a = 0, b = 0, c = 0;
     CalcGebuhren(u"S"_s, u"GENAU"_s, 0, 0, 75, 0, a, b, c);
     EXPECT_EQ(c, extended);
+
+    // Two cents before an amount of 1.5e14 (a grid of 1/32) lift it by one step; after it they vanish.
+    // Near 2^40 the grid changes, so the order of the flat surcharge rows shows in the last bits.
+    const QString costs = fee_AddCosts(fee_AddEvent(u"S"_s, u"FOLGE"_s),
+                                       { { u"FK_FWA_FW"_s, 0.01 }, { u"FK_FWA_FW_SZ"_s, 0.01 },
+                                         { u"VK_FWA_FW"_s, 1000000000 }, { u"FK_SVGV_KT"_s, 1099511627775.93 } });
+    const QString flat = QString::fromUtf16(FlatSurcharges);
+    fee_AddSurcharge(flat, costs, 0, 10, { { u"SVGV_KT"_s, 0.25 } });
+    fee_AddSurcharge(flat, costs, 0, 20, { { u"SVGV_KT"_s, 0.01 } });
+    const auto stepwise = [](std::initializer_list<long double> terms) {
+        double sum = 0;
+        for (const long double term : terms)
+            sum = double(static_cast<long double>(sum) + term);
+        return sum;
+    };
+    const long double hourly = 1000000000.0L / 60 * 9000000;
+    const double first = stepwise({ 0.01, 0.01, hourly });
+    ASSERT_NE(first, stepwise({ hourly, 0.01, 0.01 }));
+    const double third = stepwise({ 1099511627775.93, 0.01, 0.25 }); // the rows from the highest threshold down
+    ASSERT_NE(third, stepwise({ 1099511627775.93, 0.25, 0.01 }));
+    CalcGebuhren(u"S"_s, u"FOLGE"_s, 0, 150000, 0, 0, a, b, c);
+    EXPECT_EQ(a, first);
+    EXPECT_EQ(b, 0.0);
+    EXPECT_EQ(c, third);
 }
 
 TEST_F(GSCommonTest, BilledMinutesOverflowIsAnError)
 {
     if (IsSkipped() || HasFailure())
         return;
+    // VORGABE bills 6 an hour: the largest durations that fit are billed to the cent.
     const struct
     {
         int days, hours, minutes;
-        bool overflows;
+        double billed; // negative: the minutes overflow
     } cases[] = {
-        { 1491308, 0, 0, false }, // 2,147,483,520 minutes
-        { 1491309, 0, 0, true },  { 0, 35791394, 0, false }, { 0, 35791395, 0, true },
-        { 1491308, 2, 7, true }, // 7 minutes round up to 30: past the range
-        { -1491309, 0, 0, true },
+        { 1491308, 0, 0, 214748352 }, // 2,147,483,520 minutes
+        { 1491309, 0, 0, -1 },        { 0, 35791394, 0, 214748364 }, { 0, 35791395, 0, -1 },
+        { 1491308, 2, 7, -1 }, // 7 minutes round up to 30: past the range
+        { -1491309, 0, 0, -1 },
     };
     double a = 0, b = 0, c = 0;
     for (const auto &k : cases) {
         SCOPED_TRACE(std::to_string(k.days) + " " + std::to_string(k.hours));
-        if (k.overflows)
+        if (k.billed < 0) {
             EXPECT_THROW(CalcGebuhren(u"S"_s, u"VORGABE"_s, k.days, k.hours, k.minutes, 0, a, b, c), kx::OverflowError);
-        else
-            EXPECT_NO_THROW(CalcGebuhren(u"S"_s, u"VORGABE"_s, k.days, k.hours, k.minutes, 0, a, b, c));
+        } else {
+            CalcGebuhren(u"S"_s, u"VORGABE"_s, k.days, k.hours, k.minutes, 0, a, b, c);
+            EXPECT_EQ(a, k.billed);
+        }
     }
     // The failed calls left their holders with the owner.
     const auto left = applicationOwner()->findChildren<TGSCommonForm *>();
