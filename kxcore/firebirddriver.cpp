@@ -8,6 +8,7 @@
 #include "sqldriver.h"
 
 #include <QDateTime>
+#include <QThread>
 #include <ibase.h>
 #include <cmath>
 #include <cstring>
@@ -96,6 +97,13 @@ QVariant integer(qint64 value, short scale)
     return scale < 0 ? QVariant(scaled(value, scale)) : QVariant(qlonglong(value));
 }
 
+// A lock conflict or deadlock: the statement may succeed when tried again.
+class ConflictError : public DatabaseError
+{
+public:
+    using DatabaseError::DatabaseError;
+};
+
 class FirebirdDriver final : public SqlDriver
 {
 public:
@@ -122,15 +130,100 @@ public:
     }
     ~FirebirdDriver() override { close(); }
 
+    // A statement that meets a row another transaction holds is tried again a few times: a
+    // failed statement's transaction is rolled back, so trying again cannot book twice.
     SqlResult execute(const QString &sql) override
+    {
+        for (int attempt = 1;; ++attempt) {
+            try {
+                return executeOnce(sql);
+            } catch (const ConflictError &e) {
+                if (attempt == conflictAttempts)
+                    throw DatabaseError(u"Die Daten sind von einem anderen Arbeitsplatz gesperrt; nach %1 Versuchen "
+                                        u"aufgegeben: %2\n%3"_s.arg(attempt).arg(e.nativeText(), sql),
+                                        sql, e.nativeText());
+                QThread::msleep(20 * attempt);
+            }
+        }
+    }
+
+    // A row of KX_LOCKS per name, updated in a transaction of its own that stays open while the
+    // lock is held; another connection's update of the row waits for it. Releasing rolls the
+    // transaction back, so the waiting update goes through instead of meeting a changed row.
+    void acquireLock(const QString &name) override
+    {
+        const QString key = QString::number(lockKey(name));
+        ensureLockRow(key);
+        bool rechecked = false;
+        for (int attempt = 1;; ++attempt) {
+            ISC_STATUS_ARRAY status;
+            if (isc_start_transaction(status, &m_lockTransaction, 1, &m_db, short(sizeof autocommitTpb), autocommitTpb))
+                fail(status, name);
+            isc_stmt_handle statement = 0;
+            try {
+                run(u"update KX_LOCKS set NAME=NAME where NAME='"_s + key + u'\'', m_lockTransaction, statement);
+                isc_dsql_free_statement(status, &statement, DSQL_drop);
+                return;
+            } catch (const DatabaseError &e) {
+                ISC_STATUS_ARRAY ignored;
+                if (statement)
+                    isc_dsql_free_statement(ignored, &statement, DSQL_drop);
+                releaseLock();
+                const bool conflict = dynamic_cast<const ConflictError *>(&e) != nullptr;
+                if (!conflict && !rechecked) { // the table may have gone since it was checked
+                    rechecked = true;
+                    m_lockTableChecked = false;
+                    ensureLockRow(key);
+                    continue;
+                }
+                if (!conflict || attempt == conflictAttempts)
+                    throw DatabaseError(u"Die Sperre \"%1\" ist nicht zu bekommen: %2"_s.arg(name, e.nativeText()));
+            }
+        }
+    }
+
+    void releaseLock() override
+    {
+        if (m_lockTransaction) {
+            ISC_STATUS_ARRAY status;
+            isc_rollback_transaction(status, &m_lockTransaction);
+            m_lockTransaction = 0;
+        }
+    }
+
+    void close() override
+    {
+        releaseLock();
+        if (m_db) {
+            ISC_STATUS_ARRAY status;
+            isc_detach_database(status, &m_db);
+            m_db = 0;
+        }
+    }
+
+    const SqlDialect &dialect() const override { return firebirdDialect(); }
+
+private:
+    static constexpr int conflictAttempts = 5;
+    static constexpr char autocommitTpb[] = { isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed,
+                                              isc_tpb_rec_version, isc_tpb_wait };
+
+    [[noreturn]] static void fail(const ISC_STATUS *status, const QString &sql)
+    {
+        const QString native = errorText(status);
+        const ISC_STATUS code = status[1];
+        if (code == isc_deadlock || code == isc_lock_conflict || code == isc_update_conflict)
+            throw ConflictError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+        throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+    }
+
+    SqlResult executeOnce(const QString &sql)
     {
         if (!m_db)
             throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
         ISC_STATUS_ARRAY status;
         isc_tr_handle transaction = 0;
-        static const char tpb[] = { isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_rec_version,
-                                    isc_tpb_wait };
-        if (isc_start_transaction(status, &transaction, 1, &m_db, short(sizeof tpb), tpb))
+        if (isc_start_transaction(status, &transaction, 1, &m_db, short(sizeof autocommitTpb), autocommitTpb))
             fail(status, sql);
         isc_stmt_handle statement = 0;
         try {
@@ -149,22 +242,25 @@ public:
         }
     }
 
-    void close() override
+
+    // The lock table and the name's row, made by whichever connection needs them first.
+    void ensureLockRow(const QString &key)
     {
-        if (m_db) {
-            ISC_STATUS_ARRAY status;
-            isc_detach_database(status, &m_db);
-            m_db = 0;
+        if (!m_lockTableChecked) {
+            if (executeOnce(u"select count(*) from rdb$relations where rdb$relation_name='KX_LOCKS'"_s)
+                    .rows.front().value(0).toInt() == 0) {
+                try {
+                    execute(u"CREATE TABLE KX_LOCKS (NAME VARCHAR(20) NOT NULL PRIMARY KEY)"_s);
+                } catch (const DatabaseError &) { // made at the same moment by another connection
+                }
+            }
+            m_lockTableChecked = true;
         }
-    }
-
-    const SqlDialect &dialect() const override { return firebirdDialect(); }
-
-private:
-    [[noreturn]] static void fail(const ISC_STATUS *status, const QString &sql)
-    {
-        const QString native = errorText(status);
-        throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+        try {
+            execute(u"insert into KX_LOCKS (NAME) select '"_s + key
+                    + u"' from rdb$database where not exists (select 1 from KX_LOCKS where NAME='"_s + key + u"')"_s);
+        } catch (const DatabaseError &) { // inserted at the same moment by another connection
+        }
     }
 
     SqlResult run(const QString &sql, isc_tr_handle &transaction, isc_stmt_handle &statement)
@@ -315,6 +411,8 @@ private:
     }
 
     isc_db_handle m_db = 0;
+    isc_tr_handle m_lockTransaction = 0;
+    bool m_lockTableChecked = false;
 };
 
 } // namespace

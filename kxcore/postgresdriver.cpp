@@ -97,7 +97,32 @@ public:
 
     const SqlDialect &dialect() const override { return postgresDialect(); }
 
+    // A session advisory lock: held across the statements, each of which still commits on its
+    // own; the server releases it when the connection ends. A deadlock it detects is retried.
+    void acquireLock(const QString &name) override
+    {
+        m_lock = u"("_s + QString::number(lockKey(name)) + u')';
+        for (int attempt = 1;; ++attempt) {
+            try {
+                execute(u"select pg_advisory_lock"_s + m_lock);
+                return;
+            } catch (const DatabaseError &e) {
+                if (attempt == 3)
+                    throw DatabaseError(u"Die Sperre \"%1\" ist nicht zu bekommen: %2"_s.arg(name, e.nativeText()));
+            }
+        }
+    }
+
+    void releaseLock() override
+    {
+        if (m_conn && !m_lock.isEmpty())
+            execute(u"select pg_advisory_unlock"_s + m_lock);
+        m_lock.clear();
+    }
+
 private:
+    QString m_lock; // the key of the lock held, in brackets
+
     static QVariant value(PGresult *res, int row, int column)
     {
         if (PQgetisnull(res, row, column))

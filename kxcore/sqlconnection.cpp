@@ -5,6 +5,8 @@
 #include "sqldialect.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
+#include <cstring>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -82,6 +84,9 @@ void TCSqlConnection::Open(const QString &connectionString)
 void TCSqlConnection::Close()
 {
     if (m_driver) {
+        if (m_lockDepth > 0)
+            m_driver->releaseLock();
+        m_lockDepth = 0;
         m_driver->close();
         m_driver.reset();
     }
@@ -106,6 +111,21 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     if (statement.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
         return {};
     return m_driver->execute(dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement);
+}
+
+void TCSqlConnection::lock(const QString &name)
+{
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    if (m_lockDepth == 0)
+        m_driver->acquireLock(name);
+    ++m_lockDepth;
+}
+
+void TCSqlConnection::unlock()
+{
+    if (m_lockDepth > 0 && --m_lockDepth == 0 && m_driver)
+        m_driver->releaseLock();
 }
 
 QStringList TCSqlConnection::firstColumn(const QString &sql)
@@ -137,6 +157,30 @@ bool TCSqlConnection::tableExists(const QString &table)
 }
 
 namespace kx {
+
+qint64 lockKey(const QString &name)
+{
+    const QByteArray hash = QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Md5);
+    qint64 key = 0;
+    std::memcpy(&key, hash.constData(), sizeof key);
+    return key;
+}
+
+SqlLock::SqlLock(const QString &name, TCSqlConnection *connection)
+    : m_connection(connection)
+{
+    m_connection->lock(name);
+}
+
+SqlLock::~SqlLock()
+{
+    try {
+        m_connection->unlock();
+    } catch (const std::exception &) {
+        // Deliberate: a failed release must not end the program from a destructor; the server
+        // frees the lock when the connection ends.
+    }
+}
 
 SqlTraceCapture::SqlTraceCapture(TCSqlConnection *connection)
 {

@@ -29,6 +29,11 @@ public:
     // Runs one statement; throws kx::DatabaseError (no connection, a refused or failing statement).
     kx::SqlResult execute(const QString &sql);
 
+    // The named lock of the database (see kx::SqlLock); nested calls count, the outermost
+    // release frees it.
+    void lock(const QString &name);
+    void unlock();
+
     // The connection's own listings; system tables are left out.
     QStringList GetTableNames();
     QStringList GetFieldNames(const QString &table);
@@ -49,6 +54,7 @@ private:
 
     std::unique_ptr<kx::SqlDriver> m_driver;
     QString m_connectionString;
+    int m_lockDepth = 0;
 };
 
 // The application's connection (the host opens it before calling the package).
@@ -63,6 +69,22 @@ struct SqlLexis;
 // them (standard SQL when no lexis is given).
 QString singleStatement(const QString &sql);
 QString singleStatement(const QString &sql, const SqlLexis &lexis);
+
+// Holds a named lock of the database while it lives, so that work which reads values and
+// writes them back (a stock booking) is not interleaved with the same work of another
+// workstation. The statements inside still commit as they always do; the lock's own statements
+// are not part of the trace.
+class SqlLock
+{
+public:
+    explicit SqlLock(const QString &name, TCSqlConnection *connection = compSqlConnection);
+    ~SqlLock();
+    SqlLock(const SqlLock &) = delete;
+    SqlLock &operator=(const SqlLock &) = delete;
+
+private:
+    TCSqlConnection *m_connection;
+};
 
 // Records every statement text while it lives (for tests and the command line's trace).
 class SqlTraceCapture

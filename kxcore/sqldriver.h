@@ -20,7 +20,16 @@ public:
     virtual SqlResult execute(const QString &sql) = 0;
     virtual void close() = 0;
     virtual const SqlDialect &dialect() const = 0;
+
+    // Takes the named lock of the database: another connection asking for the same name waits
+    // until it is released. One lock at a time per connection; throws DatabaseError when the
+    // lock cannot be had after a bounded number of tries.
+    virtual void acquireLock(const QString &name) = 0;
+    virtual void releaseLock() = 0;
 };
+
+// A 64-bit key for a lock name, the same in every process.
+qint64 lockKey(const QString &name);
 
 struct ConnectionParameters
 {

@@ -34,6 +34,7 @@ public:
         execute(u"PRAGMA synchronous=FULL"_s);
     }
     ~SqliteDriver() override { close(); }
+    static constexpr int lockAttempts = 3;
 
     SqlResult execute(const QString &sql) override
     {
@@ -77,6 +78,31 @@ public:
     }
 
     const SqlDialect &dialect() const override { return sqliteDialect(); }
+
+    // The database's one write lock serves every name: BEGIN IMMEDIATE waits (busy timeout) while
+    // another connection writes, and the statements up to the release commit together.
+    void acquireLock(const QString &) override
+    {
+        for (int attempt = 1;; ++attempt) {
+            try {
+                execute(u"BEGIN IMMEDIATE"_s);
+                return;
+            } catch (const DatabaseError &) {
+                const int code = sqlite3_errcode(m_db);
+                if ((code != SQLITE_BUSY && code != SQLITE_LOCKED) || attempt == lockAttempts)
+                    throw DatabaseError(u"Die Datenbank ist von einem anderen Arbeitsplatz gesperrt; nach %1 Versuchen "
+                                        u"aufgegeben, es wurde nichts gebucht."_s.arg(attempt));
+            }
+        }
+    }
+
+    // Deliberate: commits also after a failed statement, so that rows already written stay
+    // written, as they do outside a lock.
+    void releaseLock() override
+    {
+        if (m_db && !sqlite3_get_autocommit(m_db))
+            execute(u"COMMIT"_s);
+    }
 
 private:
     DatabaseError failure(const QString &sql) const

@@ -2,6 +2,7 @@
 #include "lagercommon.h"
 
 #include "lageramount.h"
+#include "sqlconnection.h"
 #include "sqlquery.h"
 #include "sqltool.h"
 #include "strtools.h"
@@ -41,6 +42,9 @@ void TCLagerAction::Execute()
 
     while (!DataQuery->Eof()) {
         const QString lineId = DataQuery->FieldByName(u"id"_s).AsString();
+        // One line's counts and log rows are read and written back under the article's lock, so
+        // that two workstations booking the same article never draw on one receipt twice.
+        const kx::SqlLock articleLock(u"LAGER_"_s + DataQuery->FieldByName(u"IDNUMMER"_s).AsString());
         if (!fUseCharge) {
             CalcLagerCount(lineId, fEnableMultiStorage ? DataQuery->FieldByName(u"LagerID"_s).AsString() : QString());
         } else {
