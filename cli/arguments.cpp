@@ -1,5 +1,6 @@
 #include "command.h"
 
+#include "formatsettings.h"
 #include "kxerror.h"
 #include "sqltool.h"
 
@@ -43,8 +44,17 @@ CliArguments::CliArguments(const CliContext &context, const QStringList &valued,
 
 const QStringList &CliArguments::positional(int count, const QString &what) const
 {
-    if (m_positional.size() != count)
-        throw CliUsageError{ u"erwartet %1."_s.arg(what) };
+    return positional(count, count, what);
+}
+
+const QStringList &CliArguments::positional(int min, int max, const QString &what) const
+{
+    if (m_positional.size() > max)
+        throw CliUsageError{ u"zu viele Argumente (%1 statt höchstens %2): erwartet %3."_s.arg(m_positional.size())
+                                 .arg(max)
+                                 .arg(what) };
+    if (m_positional.size() < min)
+        throw CliUsageError{ u"zu wenige Argumente: erwartet %1."_s.arg(what) };
     return m_positional;
 }
 
@@ -68,4 +78,9 @@ int cliWholeNumber(const QString &text, const QString &what)
     if (!ok)
         throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 32-Bit-Bereich."_s.arg(what, text) };
     return value;
+}
+
+QString cliAmount(double value)
+{
+    return QString::number(value, 'f', 2).replace(u'.', FormatSettings().DecimalSeparator);
 }

@@ -13,6 +13,7 @@ struct CliContext
     int optionsEnd = 0; // args from this index on came after "--": never options
     QString database;
     bool json = false;
+    bool verbose = false;
 };
 
 // A sub-command returns its result as JSON (printed with --json) and its text (printed without).
@@ -29,6 +30,11 @@ struct CliCommand
     QString summary; // one line, German
     std::function<CliOutput(const CliContext &)> run;
     bool needsDatabase = true;
+    // The tables the command reads or writes, each with the command that creates it; checked
+    // before anything is written.
+    QList<std::pair<QString, QString>> tables;
+    // The options and their valid values, for the command's own --help.
+    QString details;
 };
 
 // A wrong call of a sub-command: printed with its usage, exit code 2.
@@ -40,6 +46,16 @@ struct CliUsageError
 // The registered sub-commands, in the order of the help text.
 QList<CliCommand> &cliCommands();
 void registerCommand(CliCommand command);
+// Adds the tables a registered command needs (see CliCommand::tables) and its help details.
+void cliRequire(const QString &command, const QList<std::pair<QString, QString>> &tables);
+void cliDetails(const QString &command, const QString &details);
+
+// A call that is well formed but wrong for the data (an unknown article, a document without
+// lines): a German message, exit code 1.
+struct CliInputError
+{
+    QString message;
+};
 
 // Registered by each group's source file.
 void registerRegistryCommands();
@@ -55,6 +71,8 @@ void registerTenantCommands();
 double cliNumber(const QString &text, const QString &what);
 // A whole number in the 32-bit range; a usage error names What.
 int cliWholeNumber(const QString &text, const QString &what);
+// An amount for text output: two decimals with the format settings' decimal separator.
+QString cliAmount(double value);
 
 // A sub-command "... init [--sample]": creates the tables, with --sample adds the sample data too.
 CliOutput cliInitTables(const CliContext &context, const std::function<void()> &create,
@@ -67,6 +85,8 @@ public:
     QString value(const QString &name, const QString &fallback = {}) const { return m_values.value(name, fallback); }
     bool has(const QString &name) const { return m_values.contains(name) || m_flags.contains(name); }
     const QStringList &positional() const { return m_positional; }
+    // The positional arguments, which must be between Min and Max.
+    const QStringList &positional(int min, int max, const QString &what) const;
     // The positional arguments, which must be exactly Count.
     const QStringList &positional(int count, const QString &what) const;
 

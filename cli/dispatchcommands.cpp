@@ -6,6 +6,7 @@
 #include "dispatchdata.h"
 #include "feedata.h"
 #include "gscommon.h"
+#include "formatsettings.h"
 #include "kxerror.h"
 #include "sqltool.h"
 
@@ -37,6 +38,10 @@ CliOutput fee(const CliContext &context)
     const int32_t hours = cliWholeNumber(args.value(u"hours"_s, u"0"_s), u"Stunden"_s);
     const int32_t minutes = cliWholeNumber(args.value(u"minutes"_s, u"0"_s), u"Minuten"_s);
     const double quantity = cliNumber(args.value(u"quantity"_s, u"0"_s), u"Die Menge"_s);
+    if (days < 0 || hours < 0 || minutes < 0 || quantity < 0)
+        throw CliInputError{ u"Dauer und Menge dürfen nicht negativ sein."_s };
+    if (!fee_ScheduleExists(p[0]))
+        throw CliInputError{ u"Gebührensatzung \"%1\" gibt es nicht (kxcommon fee schedules listet sie)."_s.arg(p[0]) };
     double a = 0, b = 0, c = 0;
     if (args.has(u"km"_s))
         CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, cliNumber(args.value(u"km"_s), u"Die Kilometerzahl"_s), a,
@@ -44,8 +49,7 @@ CliOutput fee(const CliContext &context)
     else
         CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, a, b, c);
     return { QJsonObject{ { u"costFwaFw"_s, a }, { u"costFwSvgv"_s, b }, { u"costSvgvKt"_s, c } },
-             u"FWA --> FW:    %1\nFW --> SV/GV:  %2\nSV/GV --> KT:  %3\n"_s.arg(kx::formatFloat(a), kx::formatFloat(b),
-                                                                             kx::formatFloat(c)) };
+             u"FWA --> FW:    %1\nFW --> SV/GV:  %2\nSV/GV --> KT:  %3\n"_s.arg(cliAmount(a), cliAmount(b), cliAmount(c)) };
 }
 
 CliOutput dispatchInit(const CliContext &context)
@@ -63,7 +67,21 @@ CliOutput aao(const CliContext &context)
     if (dated && !(args.has(u"date"_s) && args.has(u"time"_s)))
         throw CliUsageError{ u"--date und --time gehören zusammen."_s };
     const bool useName = args.has(u"use-name"_s);
-    const QString date = args.value(u"date"_s), time = args.value(u"time"_s);
+    QString date = args.value(u"date"_s);
+    const QString time = args.value(u"time"_s);
+    // The lookup's statement has no condition for an empty keyword, nor with a date for an empty
+    // place: the database would refuse it. Said here in words instead.
+    if (p[2].trimmed().isEmpty())
+        throw CliInputError{ u"Ohne Alarmkürzel gibt es keine AAO-Regel; bitte ein Alarmkürzel angeben."_s };
+    if (dated && p[1].trimmed().isEmpty())
+        throw CliInputError{ u"Mit --date und --time braucht die Suche einen Einsatzort."_s };
+    if (dated) {
+        const QDate iso = QDate::fromString(date, Qt::ISODate);
+        if (iso.isValid())
+            date = iso.toString(FormatSettings().ShortDateFormat);
+        else if (!kx::strToDate(date).isValid())
+            throw CliInputError{ u"Das Datum \"%1\" ist nicht lesbar (TT.MM.JJJJ oder JJJJ-MM-TT)."_s.arg(date) };
+    }
     const QString id = dated ? aaoGetID(p[0], p[1], p[2], date, time, useName) : aaoGetID(p[0], p[1], p[2], useName);
 
     const QString name = dispatch_RuleName(id);
@@ -80,6 +98,58 @@ CliOutput aao(const CliContext &context)
             text += u"\n"_s + s + u"\n"_s;
     }
     return { json, text };
+}
+
+CliOutput feeSchedules(const CliContext &context)
+{
+    CliArguments(context, {}, {}).positional(0, u"keine Argumente"_s);
+    QJsonArray json;
+    QString text;
+    for (const FeeSchedule &schedule : fee_ReadSchedules()) {
+        json.append(QJsonObject{ { u"id"_s, schedule.id }, { u"bezeichnung"_s, schedule.bezeichnung } });
+        text += u"%1  %2\n"_s.arg(schedule.id, schedule.bezeichnung);
+    }
+    return { json, json.isEmpty() ? u"(keine Gebührensatzungen)\n"_s : text };
+}
+
+CliOutput feeEvents(const CliContext &context)
+{
+    const QString schedule = CliArguments(context, {}, {}).positional(1, u"SATZUNG"_s)[0];
+    if (!fee_ScheduleExists(schedule))
+        throw CliInputError{ u"Gebührensatzung \"%1\" gibt es nicht (kxcommon fee schedules listet sie)."_s.arg(schedule) };
+    const QStringList events = fee_ReadEvents(schedule);
+    return { QJsonArray::fromStringList(events), events.isEmpty() ? u"(keine Ereignisse)\n"_s : events.join(u'\n') + u'\n' };
+}
+
+CliOutput aaoRules(const CliContext &context)
+{
+    CliArguments(context, {}, {}).positional(0, u"keine Argumente"_s);
+    QJsonArray json;
+    QString text;
+    const auto orNull = [](const QString &value) { return value.isEmpty() ? QJsonValue() : QJsonValue(value); };
+    const auto date = [](const std::optional<QDate> &d) { return d ? QJsonValue(d->toString(Qt::ISODate)) : QJsonValue(); };
+    for (const AaoRuleRow &row : dispatch_ReadRules()) {
+        const AaoRule &r = row.rule;
+        QJsonArray days;
+        QString dayText;
+        for (int d = 0; d < 7; ++d) {
+            if (r.weekdays[d])
+                days.append(d + 1);
+            dayText += r.weekdays[d] ? u"MDMDFSS"_s.at(d) : u'-';
+        }
+        json.append(QJsonObject{ { u"id"_s, row.id }, { u"alarmkuerzel"_s, r.alarmkuerzel },
+                                 { u"alarmobjekt"_s, orNull(r.objekt) }, { u"einsatzort"_s, orNull(r.einsatzort) },
+                                 { u"extendedsettings"_s, r.restricted }, { u"weekdays"_s, days },
+                                 { u"es_fromtime"_s, orNull(r.fromTime) }, { u"es_totime"_s, orNull(r.toTime) },
+                                 { u"es_fromdate"_s, date(r.fromDate) }, { u"es_todate"_s, date(r.toDate) },
+                                 { u"bezeichnung"_s, r.bezeichnung } });
+        text += u"%1 %2 %3 %4 %5\n"_s.arg(r.alarmkuerzel, -6)
+                    .arg(r.objekt.isEmpty() ? u"(jedes Objekt)"_s : r.objekt, -16)
+                    .arg(r.einsatzort.isEmpty() ? u"(jeder Ort)"_s : r.einsatzort, -14)
+                    .arg(r.restricted ? dayText + u' ' + r.fromTime + u'-' + r.toTime : u"immer"_s, -26)
+                    .arg(r.bezeichnung);
+    }
+    return { json, json.isEmpty() ? u"(keine AAO-Regeln)\n"_s : text };
 }
 
 CliOutput splitStreet(const CliContext &context)
@@ -158,4 +228,28 @@ void registerDispatchCommands()
     registerCommand({ u"settings-name"_s, u"fms|lumiron"_s,
                       u"Zeigt den Namen, unter dem das Programm seine Einstellungen in sysparam liest."_s,
                       settingsName });
+    registerCommand({ u"fee schedules"_s, QString(), u"Listet die Gebührensatzungen."_s, feeSchedules });
+    registerCommand({ u"fee events"_s, u"SATZUNG"_s, u"Listet die Ereignisse einer Gebührensatzung."_s, feeEvents });
+    registerCommand({ u"aao rules"_s, QString(), u"Listet die AAO-Regeln."_s, aaoRules });
+
+    const std::pair<QString, QString> schedules{ u"gSchlussel"_s, u"fee init"_s };
+    cliRequire(u"fee"_s, { schedules, { u"gSchlussel_Kosten"_s, u"fee init"_s } });
+    cliRequire(u"fee schedules"_s, { schedules });
+    cliRequire(u"fee events"_s, { schedules, { u"gSchlussel_Ereignisse"_s, u"fee init"_s } });
+    cliRequire(u"aao"_s, { { u"AAO"_s, u"dispatch init"_s }, { u"AAO_Orte"_s, u"dispatch init"_s } });
+    cliRequire(u"aao rules"_s, { { u"AAO"_s, u"dispatch init"_s } });
+    cliRequire(u"district"_s, { { u"ORTE"_s, u"dispatch init"_s } });
+    cliRequire(u"settings-name"_s, { { u"sysparam"_s, u"dispatch init"_s } });
+    cliDetails(u"fee"_s, u"  SATZUNG            Schlüssel der Gebührensatzung (kxcommon fee schedules)\n"
+                         u"  EREIGNIS           Ereignis der Satzung; ein unbekanntes rechnet nach VORGABE\n"
+                         u"  --days T, --hours S, --minutes M   Einsatzdauer (ganze Zahlen, nicht negativ)\n"
+                         u"  --quantity MENGE   statt der Dauer abgerechnete Stunden (Zahl, 2,5 oder 2.5)\n"
+                         u"  --km KM            gefahrene Kilometer (zweiter und dritter Betrag)\n"_s);
+    cliDetails(u"aao"_s, u"  OBJEKT, EINSATZORT  leer erlaubt (nur Regeln ohne Objekt bzw. Ort); mit Datum ist ein\n"
+                         u"                      Einsatzort nötig\n"
+                         u"  ALARMKUERZEL        Pflicht\n"
+                         u"  --date DATUM        TT.MM.JJJJ, TT.MM (dieses Jahr) oder JJJJ-MM-TT; nur mit --time\n"
+                         u"  --time ZEIT         hh:mm:ss, als Text mit den Zeitfenstern verglichen\n"
+                         u"  --use-name          ein zweites Mal mit dem Objektnamen ohne Präfix (\"Ort - Name\")\n"
+                         u"  --explain           die Anweisungen ausgeben\n"_s);
 }

@@ -115,4 +115,6 @@ void registerKatsCommands()
                       katsShow });
     registerCommand({ u"kats set"_s, u"DATENSATZ MODUL [KATEGORIE...]"_s,
                       u"Speichert die angekreuzten Kategorien eines Datensatzes (ohne KATEGORIE: keine)."_s, katsSet });
+    for (const QString &command : { u"kats add"_s, u"kats tree"_s, u"kats show"_s, u"kats set"_s })
+        cliRequire(command, { { u"SYSDef_Kats"_s, u"kats init"_s } });
 }

@@ -64,4 +64,6 @@ void registerRegistryCommands()
     registerCommand({ u"modules"_s, QString(), u"Listet die Zeilen des Modulregisters."_s, listModules });
     registerCommand({ u"modules add"_s, u"MODULNUMMER NAME TABELLE [--main]"_s,
                       u"Registriert eine Tabelle für ein Modul (mit --main als Haupttabelle)."_s, addModule });
+    cliRequire(u"modules"_s, { { u"SYSDef_Module"_s, u"init"_s } });
+    cliRequire(u"modules add"_s, { { u"SYSDef_Module"_s, u"init"_s } });
 }

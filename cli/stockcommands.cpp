@@ -5,6 +5,7 @@
 #include "kxerror.h"
 #include "lagercommon.h"
 #include "sqlconnection.h"
+#include "strtools.h"
 #include "sqltool.h"
 #include "stockdata.h"
 
@@ -54,9 +55,16 @@ TCLagerModeType mode(const QString &text)
                                       u"Belegart"_s);
 }
 
+// Amounts in text output: two decimals with the format settings' separator (JSON keeps the value).
 QString amount(double value)
 {
-    return kx::formatFloat(value);
+    return cliAmount(value);
+}
+
+void requireArticle(int idnummer)
+{
+    if (stock_ArticleId(idnummer).isEmpty())
+        throw CliInputError{ u"Artikel %1 gibt es nicht (anlegen mit kxcommon stock article)."_s.arg(idnummer) };
 }
 
 CliOutput init(const CliContext &)
@@ -73,6 +81,8 @@ CliOutput addArticle(const CliContext &context)
     const QStringList &p = args.positional(2, u"ARTIKELNUMMER NAME"_s);
     const int idnummer = articleNumber(p[0]);
     const double base = cliNumber(args.value(u"bestand"_s, u"0"_s), u"Der Grundbestand"_s);
+    if (!stock_ArticleId(idnummer).isEmpty())
+        throw CliInputError{ u"Artikel %1 existiert bereits."_s.arg(idnummer) };
     const QString id = stock_AddArticle(idnummer, p[1], base);
     return { QJsonObject{ { u"id"_s, id }, { u"idnummer"_s, idnummer }, { u"name"_s, p[1] }, { u"bestand"_s, base } },
              u"Artikel %1 \"%2\" angelegt (Grundbestand %3).\n"_s.arg(idnummer).arg(p[1], amount(base)) };
@@ -85,6 +95,9 @@ CliOutput setLine(const CliContext &context)
     StockLine line{ p[0], p[1], articleNumber(p[2]), cliNumber(p[3], u"Die Menge"_s),
                     cliNumber(args.value(u"preis"_s, u"0"_s), u"Der Preis"_s), args.value(u"charge"_s),
                     args.value(u"lager"_s) };
+    requireArticle(line.idnummer);
+    if (!compSqlConnection->tableExists(line.table))
+        throw CliInputError{ u"Die Tabelle \"%1\" gibt es nicht."_s.arg(line.table) };
     const QString id = stock_SetLine(line);
     return { QJsonObject{ { u"id"_s, id }, { u"table"_s, line.table }, { u"document"_s, line.document },
                           { u"idnummer"_s, line.idnummer }, { u"anzahl"_s, line.quantity } },
@@ -123,6 +136,10 @@ CliOutput postDocument(const CliContext &context, bool order)
     const QStringList &p = args.positional(2, u"TABELLE BELEG"_s);
     TCLagerAction lager;
     configure(lager, args, p);
+    if (!compSqlConnection->tableExists(p[0]))
+        throw CliInputError{ u"Die Tabelle \"%1\" gibt es nicht."_s.arg(p[0]) };
+    if (stock_ReadDocuments(p[0], p[1]).isEmpty())
+        throw CliInputError{ u"Beleg \"%1\" hat in %2 keine Zeilen (Zeilen anlegen mit kxcommon stock line)."_s.arg(p[1], p[0]) };
     kx::SqlTraceCapture trace;
     if (order)
         lager.ExecuteOrder();
@@ -233,6 +250,49 @@ CliOutput showLog(const CliContext &context)
     return { QJsonObject{ { u"artikel"_s, article }, { u"log"_s, logJson }, { u"monate"_s, monthJson } }, text };
 }
 
+CliOutput listArticles(const CliContext &context)
+{
+    CliArguments(context, {}, {}).positional(0, u"keine Argumente"_s);
+    QJsonArray json;
+    QString text = u"%1 %2 %3 %4 %5\n"_s.arg(u"Nr"_s, 8).arg(u"Bezeichnung"_s, -30).arg(u"Bestand"_s, 12).arg(u"gebucht"_s, 12)
+                       .arg(u"bestellt"_s, 12);
+    for (const StockArticle &a : stock_ReadArticles()) {
+        json.append(QJsonObject{ { u"id"_s, a.id }, { u"idnummer"_s, a.idnummer }, { u"name"_s, a.name },
+                                 { u"bestand"_s, a.bestand }, { u"countlager"_s, a.countLager },
+                                 { u"countbestand"_s, a.countBestand }, { u"countcharge"_s, a.countCharge },
+                                 { u"countbestellt"_s, a.countBestellt } });
+        text += u"%1 %2 %3 %4 %5\n"_s.arg(a.idnummer, 8).arg(a.name, -30).arg(amount(a.bestand), 12)
+                    .arg(amount(a.countLager), 12).arg(amount(a.countBestellt), 12);
+    }
+    if (json.isEmpty())
+        text += u"(keine Artikel)\n"_s;
+    return { json, text };
+}
+
+CliOutput listDocuments(const CliContext &context)
+{
+    const CliArguments args(context, {}, {});
+    const QStringList p = args.positional(0, 1, u"[TABELLE]"_s);
+    const QStringList tables = p.isEmpty() ? QStringList{ QString::fromUtf16(StockLineTable), QString::fromUtf16(OrderLineTable) } : p;
+    QJsonArray json;
+    QString text;
+    for (const QString &table : tables) {
+        if (!compSqlConnection->tableExists(table))
+            throw CliInputError{ u"Die Tabelle \"%1\" gibt es nicht."_s.arg(table) };
+        for (const StockDocument &d : stock_ReadDocuments(table)) {
+            json.append(QJsonObject{ { u"table"_s, d.table }, { u"document"_s, d.document }, { u"lines"_s, d.lines },
+                                     { u"anzahl"_s, d.anzahl }, { u"countlager"_s, d.countLager },
+                                     { u"countbestellt"_s, d.countBestellt } });
+            text += u"%1 %2: %3 Zeilen, Menge %4, gebucht %5, bestellt %6\n"_s.arg(d.table, d.document)
+                        .arg(d.lines)
+                        .arg(amount(d.anzahl), amount(d.countLager), amount(d.countBestellt));
+        }
+    }
+    if (json.isEmpty())
+        text += u"(keine Belege)\n"_s;
+    return { json, text };
+}
+
 const QString postingOptions = u"TABELLE BELEG [--action add|sub|reset-add|reset-sub] [--mode in|out|correction|stocktaking] "
                                u"[--charge] [--multi-storage] [--modul NR] [--belegnummer N] [--bestellung ID] "
                                u"[--wareneingang ID] [--eingangsrechnung ID] [--ausgabe ID] [--date DATUM]"_s;
@@ -259,4 +319,33 @@ void registerStockCommands()
     registerCommand({ u"stock log"_s, u"ARTIKELNUMMER"_s,
                       u"Zeigt Bestand, Lagerprotokoll (mit Zugang und Preis jeder Entnahme) und Monatsbestände."_s,
                       showLog });
+    registerCommand({ u"stock articles"_s, QString(), u"Listet die Artikel mit ihren Beständen."_s, listArticles });
+    registerCommand({ u"stock docs"_s, u"[TABELLE]"_s,
+                      u"Listet die Belege der Zeilentabellen (LAGERBELEG_POS, Bestellungen_artikel) mit Mengen."_s,
+                      listDocuments });
+
+    const std::pair<QString, QString> articles{ u"Artikel"_s, u"stock init"_s };
+    const std::pair<QString, QString> lines{ QString::fromUtf16(StockLineTable), u"stock init"_s };
+    const std::pair<QString, QString> log{ u"LagerLog"_s, u"sys init"_s };
+    const std::pair<QString, QString> months{ u"LagerLogMonth"_s, u"sys init"_s };
+    for (const QString &command : { u"stock article"_s, u"stock articles"_s })
+        cliRequire(command, { articles });
+    cliRequire(u"stock line"_s, { articles, lines });
+    cliRequire(u"stock docs"_s, { lines });
+    cliRequire(u"stock order"_s, { articles, lines });
+    for (const QString &command : { u"stock post"_s, u"stock avail"_s, u"stock log"_s })
+        cliRequire(command, { articles, lines, log, months });
+    cliDetails(u"stock post"_s,
+               u"  TABELLE            die Zeilentabelle des Belegs, z. B. LAGERBELEG_POS\n"
+               u"  BELEG              der Schlüssel des Belegs (IDPARENT seiner Zeilen)\n"
+               u"  --action WERT      add (Vorgabe): Menge zubuchen; sub: abbuchen; reset-add, reset-sub: eine\n"
+               u"                     frühere Buchung zurücknehmen\n"
+               u"  --mode WERT        Art im Lagerprotokoll: in (Vorgabe, Zugang), out (Entnahme nach FIFO),\n"
+               u"                     correction (Korrektur), stocktaking (Inventur)\n"
+               u"  --charge           Zeilen mit Charge buchen die Charge\n"
+               u"  --multi-storage    Bestände je Lagerort (Artikel_Lager)\n"
+               u"  --modul NR         Modulnummer im Lagerprotokoll\n"
+               u"  --belegnummer N, --bestellung ID, --wareneingang ID, --eingangsrechnung ID, --ausgabe ID\n"
+               u"                     Belegverweise im Lagerprotokoll\n"
+               u"  --date DATUM       Buchungsdatum (TT.MM.JJJJ oder JJJJ-MM-TT; Vorgabe: heute)\n"_s);
 }

@@ -44,4 +44,5 @@ void registerTenantCommands()
     registerCommand({ u"tenant-filter"_s, u"TABELLE MANDANTENKÜRZEL --user BENUTZER-ID | --unrestricted"_s,
                       u"Gibt die Mandanten-Einschränkung für die WHERE-Klausel aus, genau (Zeilenenden CRLF)."_s,
                       tenantFilter });
+    cliRequire(u"tenant-filter"_s, { { u"Mandanten"_s, u"tenants init"_s }, { u"Mandanten_sub"_s, u"tenants init"_s } });
 }

@@ -66,7 +66,7 @@ QString dispatch_AddRule(const AaoRule &rule)
         .addText(u"ALARMKUERZEL"_s, rule.alarmkuerzel)
         .addText(u"ALARMOBJEKT"_s, rule.objekt)
         .addText(u"EINSATZORT"_s, rule.einsatzort)
-        // Written 0, never null: a null sorts before 1 in a descending order on some products.
+        // Written 0, never null, as the suite's modules write an unrestricted rule.
         .add(u"EXTENDEDSETTINGS"_s, rule.restricted ? u"1"_s : u"0"_s);
     for (int d = 0; d < 7; ++d)
         row.add(aaoWeekdayColumns().at(d), rule.weekdays[d] ? u"1"_s : u"0"_s);
@@ -115,8 +115,37 @@ void dispatch_AddSysparam(const QString &p1)
     SqlExec(u"Insert into sysparam (ID,P1) values ("_s + kx::sqlQuoted(sqlGenIdValue()) + u","_s + kx::sqlQuoted(p1) + u")"_s);
 }
 
+QList<AaoRuleRow> dispatch_ReadRules()
+{
+    QList<AaoRuleRow> rules;
+    const QString sql = u"select ID, ALARMKUERZEL, ALARMOBJEKT, EINSATZORT, EXTENDEDSETTINGS, ES_FROMTIME, ES_TOTIME, "
+                        u"ES_FROMDATE, ES_TODATE, BEZEICHNUNG, "_s
+        + aaoWeekdayColumns().join(u", "_s) + u" from AAO order by ALARMKUERZEL, BEZEICHNUNG"_s;
+    for (const QVector<QVariant> &r : compSqlConnection->execute(sql).rows) {
+        AaoRuleRow row{ r.value(0).toString(), {} };
+        row.rule.alarmkuerzel = r.value(1).toString();
+        row.rule.objekt = r.value(2).toString();
+        row.rule.einsatzort = r.value(3).toString();
+        row.rule.restricted = r.value(4).toInt() == 1;
+        row.rule.fromTime = r.value(5).toString();
+        row.rule.toTime = r.value(6).toString();
+        if (!r.value(7).isNull())
+            row.rule.fromDate = r.value(7).toDate();
+        if (!r.value(8).isNull())
+            row.rule.toDate = r.value(8).toDate();
+        row.rule.bezeichnung = r.value(9).toString();
+        for (int d = 0; d < 7; ++d)
+            row.rule.weekdays[d] = r.value(10 + d).toInt() == 1;
+        rules << row;
+    }
+    return rules;
+}
+
 void dispatch_AddSampleData()
 {
+    // The sample is there already: a second run adds nothing.
+    if (sqlGetValueInt(u"select count(*) from AAO where BEZEICHNUNG='Brand mittel: LF, DLK'"_s) > 0)
+        return;
     dispatch_AddRule({ u"B2"_s, {}, {}, false, {}, {}, {}, {}, {}, u"Brand mittel: LF, DLK"_s });
     dispatch_AddRule({ u"B2"_s, u"Rathaus"_s, {}, false, {}, {}, {}, {}, {}, u"Brand Rathaus: LF, DLK, ELW"_s });
     const QString night = dispatch_AddRule({ u"B2"_s, {}, u"Musterstadt"_s, true,

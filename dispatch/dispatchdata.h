@@ -24,6 +24,13 @@ struct AaoRule
 };
 // Returns the rule's Id.
 QString dispatch_AddRule(const AaoRule &rule);
+struct AaoRuleRow
+{
+    QString id;
+    AaoRule rule;
+};
+// Every rule of "AAO", by keyword and name.
+QList<AaoRuleRow> dispatch_ReadRules();
 // The name (BEZEICHNUNG) of a rule; empty for an empty or unknown Id.
 QString dispatch_RuleName(const QString &ruleId);
 // A further place of a rule.
@@ -41,5 +48,6 @@ void dispatch_AddOrt(const OrtEntry &entry);
 // A settings row of that name.
 void dispatch_AddSysparam(const QString &p1);
 
-// The sample data of the demo, of the project's own making: a few AAO rules and streets.
+// The sample data of the demo, of the project's own making: a few AAO rules and streets. Nothing
+// is added when the sample rules are there.
 void dispatch_AddSampleData();

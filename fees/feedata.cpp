@@ -121,8 +121,33 @@ void fee_AddSurcharge(const QString &table, const QString &costId, double anzahl
     insertRow(table, row);
 }
 
+QList<FeeSchedule> fee_ReadSchedules()
+{
+    QList<FeeSchedule> schedules;
+    for (const QVector<QVariant> &row : compSqlConnection->execute(u"select ID, BEZEICHNUNG from gSchlussel order by ID"_s).rows)
+        schedules << FeeSchedule{ row.value(0).toString(), row.value(1).toString() };
+    return schedules;
+}
+
+QStringList fee_ReadEvents(const QString &scheduleId)
+{
+    QStringList events;
+    for (const QVector<QVariant> &row : compSqlConnection->execute(u"select EREIGNIS from gSchlussel_Ereignisse where IDPARENT="_s
+                                                                  + kx::sqlQuoted(scheduleId) + u" order by EREIGNIS"_s)
+                                            .rows)
+        events << row.value(0).toString();
+    return events;
+}
+
+bool fee_ScheduleExists(const QString &scheduleId)
+{
+    return !sqlGetValue(u"select ID from gSchlussel where ID="_s + kx::sqlQuoted(scheduleId)).isEmpty();
+}
+
 QString fee_AddSampleSchedule()
 {
+    if (fee_ScheduleExists(u"MUSTERSTADT"_s)) // the sample is there already: a second run adds nothing
+        return u"MUSTERSTADT"_s;
     const QString schedule = fee_AddSchedule(u"Gebührensatzung Musterstadt (Beispiel)"_s, u"MUSTERSTADT"_s);
     fee_AddRounding(schedule, 15, 15, 0);
     fee_AddRounding(schedule, 30, 30, 0);

@@ -29,6 +29,16 @@ QString fee_AddCosts(const QString &eventId, const QMap<QString, double> &amount
 void fee_AddSurcharge(const QString &table, const QString &costId, double anzahl, int calcMinuten,
                       const QMap<QString, double> &amounts);
 
+struct FeeSchedule
+{
+    QString id, bezeichnung;
+};
+// The schedule heads by key; the event names of one schedule by name.
+QList<FeeSchedule> fee_ReadSchedules();
+QStringList fee_ReadEvents(const QString &scheduleId);
+bool fee_ScheduleExists(const QString &scheduleId);
+
 // A small schedule of the project's own making: events "BRAND", "TH" and "VORGABE", a rounding
-// table, hourly and kilometre rates and 20 surcharge rows, under the key "MUSTERSTADT".
+// table, hourly and kilometre rates and 20 surcharge rows, under the key "MUSTERSTADT". Nothing is
+// added when that schedule exists.
 QString fee_AddSampleSchedule();

@@ -142,14 +142,13 @@ QString stock_ArticleId(int idnummer)
     return sqlGetValue(u"select ID from Artikel where IDNUMMER="_s + QString::number(idnummer));
 }
 
-StockArticle stock_ReadArticle(int idnummer)
+namespace {
+
+const QString articleColumns = u"select ID,IDNUMMER,BEZEICHNUNG,COUNTLAGER,COUNTBESTAND,COUNTCHARGE,BESTAND,COUNTBESTELLT "
+                               u"from Artikel"_s;
+
+StockArticle articleRow(const TCSqlQuery &query)
 {
-    TCSqlQuery query;
-    openQuery(query, u"select ID,IDNUMMER,BEZEICHNUNG,COUNTLAGER,COUNTBESTAND,COUNTCHARGE,BESTAND,COUNTBESTELLT "
-                     u"from Artikel where IDNUMMER="_s
-                         + QString::number(idnummer));
-    if (query.Eof())
-        throw kx::Error(u"Artikel %1 ist nicht vorhanden."_s.arg(idnummer));
     StockArticle a;
     a.id = query.FieldByName(u"ID"_s).AsString();
     a.idnummer = query.FieldByName(u"IDNUMMER"_s).AsInteger();
@@ -160,6 +159,45 @@ StockArticle stock_ReadArticle(int idnummer)
     a.bestand = query.FieldByName(u"BESTAND"_s).AsFloat();
     a.countBestellt = query.FieldByName(u"COUNTBESTELLT"_s).AsFloat();
     return a;
+}
+
+} // namespace
+
+StockArticle stock_ReadArticle(int idnummer)
+{
+    TCSqlQuery query;
+    openQuery(query, articleColumns + u" where IDNUMMER="_s + QString::number(idnummer));
+    if (query.Eof())
+        throw kx::Error(u"Artikel %1 ist nicht vorhanden."_s.arg(idnummer));
+    return articleRow(query);
+}
+
+QList<StockArticle> stock_ReadArticles()
+{
+    TCSqlQuery query;
+    openQuery(query, articleColumns + u" order by IDNUMMER"_s);
+    QList<StockArticle> articles;
+    for (; !query.Eof(); query.Next())
+        articles << articleRow(query);
+    return articles;
+}
+
+QList<StockDocument> stock_ReadDocuments(const QString &table, const QString &document)
+{
+    TCSqlQuery query;
+    openQuery(query, u"select IDPARENT, count(*) as LINES, sum(ANZAHL) as ANZAHL, sum(COUNTLAGER) as GEBUCHT, "
+                     u"sum(COUNTBESTELLT) as BESTELLT from "_s
+                         + table + (document.isEmpty() ? QString() : u" where IDPARENT="_s + kx::sqlQuoted(document))
+                         + u" group by IDPARENT order by IDPARENT"_s);
+    QList<StockDocument> documents;
+    for (; !query.Eof(); query.Next())
+        documents << StockDocument{ table,
+                                    query.FieldByName(u"IDPARENT"_s).AsString(),
+                                    query.FieldByName(u"LINES"_s).AsInteger(),
+                                    query.FieldByName(u"ANZAHL"_s).AsFloat(),
+                                    query.FieldByName(u"GEBUCHT"_s).AsFloat(),
+                                    query.FieldByName(u"BESTELLT"_s).AsFloat() };
+    return documents;
 }
 
 QList<StockLogRow> stock_ReadLog(const QString &articleId)

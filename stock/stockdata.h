@@ -50,6 +50,18 @@ struct StockArticle
 };
 // Throws kx::Error when the article does not exist.
 StockArticle stock_ReadArticle(int idnummer);
+// Every article, by number.
+QList<StockArticle> stock_ReadArticles();
+
+// A document of a line table: its lines and their quantities, booked and ordered.
+struct StockDocument
+{
+    QString table, document;
+    int lines = 0;
+    double anzahl = 0, countLager = 0, countBestellt = 0;
+};
+// The documents of a line table (or the one document named), by key.
+QList<StockDocument> stock_ReadDocuments(const QString &table, const QString &document = QString());
 
 struct StockLogRow
 {

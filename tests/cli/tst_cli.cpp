@@ -62,7 +62,8 @@ TEST_F(CliTest, ErrorsGoToStandardErrorWithExitCodes)
         { { u"modules"_s, u"add"_s, u"x7"_s, u"A"_s, u"B"_s }, true, 2, u"keine Dezimalzahl"_s },
         { { u"modules"_s, u"add"_s, u"7"_s }, true, 2, u"erwartet"_s },
         { { u"--db"_s, u"mysql://a:b@c:1/d"_s, u"modules"_s }, false, 1, u"Unbekanntes Datenbanksystem"_s },
-        { { u"modules"_s, u"add"_s, u"7"_s, u"Wehr's"_s, u"T"_s }, true, 1, u"SQL-Fehler"_s },
+        { { u"modules"_s, u"add"_s, u"7"_s, u"Wehr's"_s, u"T"_s }, true, 1, u"abgelehnt"_s },
+        { { u"--verbose"_s, u"modules"_s, u"add"_s, u"7"_s, u"Wehr's"_s, u"T"_s }, true, 1, u"'Wehr's'"_s },
     };
     invoke({ u"init"_s });
     for (const auto &c : cases) {
@@ -77,7 +78,7 @@ TEST_F(CliTest, SystemTablesOnceThenTheSeedsRefuse)
 {
     const CliRun first = invoke({ u"sys"_s, u"init"_s });
     EXPECT_EQ(first.exitCode, 0) << first.err.toStdString();
-    const CliRun second = invoke({ u"sys"_s, u"init"_s });
+    const CliRun second = invoke({ u"--verbose"_s, u"sys"_s, u"init"_s });
     EXPECT_EQ(second.exitCode, 1);
     EXPECT_TRUE(second.err.contains(u"USBRel64Data"_s)) << second.err.toStdString();
     const CliRun mapped = invoke({ u"--json"_s, u"sys"_s, u"office-map"_s });
@@ -164,7 +165,8 @@ TEST_F(CliTest, StockPostingAndLog)
         { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s }, 2, u"TABELLE BELEG"_s },
         { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"--date"_s, u"31.02.2026"_s }, 2, u"kein Datum"_s },
         { { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"4711"_s, u"zehn"_s }, 2, u"keine Zahl"_s },
-        { { u"stock"_s, u"post"_s, u"KEINE_TABELLE"_s, u"X"_s }, 1, u"SQL-Fehler"_s },
+        { { u"stock"_s, u"post"_s, u"KEINE_TABELLE"_s, u"X"_s }, 1, u"gibt es nicht"_s },
+        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s }, 1, u"keine Zeilen"_s },
         { { u"stock"_s, u"log"_s, u"4712"_s }, 1, u"nicht vorhanden"_s },
     };
     for (const auto &f : failures) {
