@@ -11,13 +11,17 @@ all: build
 deps:
 	@./scripts/install-deps.sh
 
-$(BUILD)/CMakeCache.txt: | deps
-	cmake -S . -B $(BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=RelWithDebInfo
-
-build: deps $(BUILD)/CMakeCache.txt
+# Everything: the library, the programs, the tests and the benchmarks.
+build: deps
+	cmake -S . -B $(BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKX_BUILD_TESTS=ON -DKX_BUILD_BENCH=ON
 	cmake --build $(BUILD) -j $$(nproc)
 
-demo: build
+# The demo needs the command-line program only: no test libraries, no database servers.
+demo:
+	@./scripts/install-deps.sh demo
+	@if [ -f $(BUILD)/CMakeCache.txt ]; then cmake -S . -B $(BUILD) >/dev/null; \
+	 else cmake -S . -B $(BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKX_BUILD_TESTS=OFF -DKX_BUILD_BENCH=OFF; fi
+	cmake --build $(BUILD) -j $$(nproc) --target kxcommon-cli
 	@./scripts/demo.sh $(BUILD)
 
 test: build

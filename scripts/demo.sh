@@ -6,8 +6,10 @@ kx=$build/cli/kxcommon
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 db="sqlite:$work/kxcommon.db"
-step() { echo; echo "\$ kxcommon $*"; "$kx" --db "$db" "$@"; }
-echo "Demo auf der eingebetteten Datenbank $work/kxcommon.db"
+# Each command is echoed with shell quoting, so that it can be pasted (with KXCOMMON_DB set to the
+# database below).
+step() { echo; echo "\$ kxcommon${*:+ }$(printf '%q ' "$@" | sed 's/ $//')"; "$kx" --db "$db" "$@"; }
+echo "Demo auf der eingebetteten Datenbank $work/kxcommon.db (zum Nachvollziehen: export KXCOMMON_DB=$db)"
 step init
 step modules add 0002 Lager Artikel --main
 step modules add 0002 Lager Artikel_Lagerort

@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build, the tests and the database servers need.
+# Installs the Debian packages the build needs; "all" (the default) adds what the tests, the
+# benchmarks and the database servers need, "demo" only what the demo's program needs.
 # As root it installs what is missing; otherwise it prints the command to run.
 set -euo pipefail
-packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase
-          libsqlite3-dev libpq-dev firebird-dev libgtest-dev libbenchmark-dev
-          postgresql firebird3.0-server firebird3.0-utils)
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlite3-dev libpq-dev firebird-dev)
+if [ "${1:-all}" != demo ]; then
+    packages+=(libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase libgtest-dev libbenchmark-dev
+               postgresql firebird3.0-server firebird3.0-utils)
+fi
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

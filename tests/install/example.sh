@@ -16,4 +16,4 @@ output=$(LD_LIBRARY_PATH="$work/prefix/lib" "$work/example/kxcommon-hello" "sqli
 echo "$output"
 grep -q '^Brand, 1 h 20 min: ' <<<"$output"
 grep -q '^Straße: Hauptstraße, Hausnummer: 12a, Zusatz: Hinterhaus$' <<<"$output"
-"$work/prefix/bin/kxcommon" --version | grep -q "^kxcommon "
+"$work/prefix/bin/kxcommon" --version | grep -q "^kxcommon 0\.1$"

@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# Drives the command line as its users do and checks exit codes, messages and JSON shapes.
+set -uo pipefail
+kx=$(realpath "${1:?kxcommon program}")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+db="sqlite:$work/k.db"
+failures=0
+
+# run EXPECTED_EXIT PATTERN_IN_STDOUT_OR_STDERR ARGS...: the exit code and a text that must appear.
+run() {
+    local expected=$1 pattern=$2
+    shift 2
+    "$kx" "$@" >out 2>err
+    local code=$?
+    if [ "$code" -ne "$expected" ] || ! grep -qF -- "$pattern" out err; then
+        echo "FAIL: kxcommon $* -> exit $code (expected $expected), missing: $pattern" >&2
+        sed 's/^/  out: /' out >&2
+        sed 's/^/  err: /' err >&2
+        failures=$((failures + 1))
+    fi
+}
+
+# The program itself.
+run 0 "kxcommon 0." --version
+run 2 "Befehle:" ; [ -s out ] && { echo "FAIL: usage went to standard output" >&2; failures=$((failures + 1)); }
+run 0 "--action WERT" stock post --help
+run 0 "Braucht die Tabellen von: kxcommon stock init, kxcommon sys init" stock post --help
+
+# A path that does not exist is refused, unless the command creates tables.
+run 1 "gibt es nicht" --db "sqlite:$work/tippfehler.db" stock articles
+[ -e "$work/tippfehler.db" ] && { echo "FAIL: a new database file was made" >&2; failures=$((failures + 1)); }
+run 0 "angelegt" --db="$db" stock init
+
+# Prerequisites before anything is written; the connection from the environment.
+export KXCOMMON_DB=$db
+run 0 "angelegt" stock article 100 Atemschutzfilter --bestand 2
+run 0 "Menge 5" stock line LAGERBELEG_POS B1 100 5
+run 1 'Bitte zuerst `kxcommon sys init` ausführen' stock post LAGERBELEG_POS B1
+run 0 '"countlager": 0' --json stock articles # nothing was booked before the check
+
+# Wrong input is an error with a German message.
+run 0 "Systemtabellen angelegt" sys init
+run 1 "existiert bereits" stock article 100 Doppelt
+run 1 "Artikel 999 gibt es nicht" stock line LAGERBELEG_POS B1 999 1
+run 1 "keine Zeilen" stock post LAGERBELEG_POS LEER
+run 2 "zu viele Argumente" stock log 100 101
+run 0 "gebucht" stock post LAGERBELEG_POS B1
+run 0 "Bestand 7,00" stock log 100
+
+# Errors as JSON on standard error; results as JSON with numbers as numbers.
+run 1 '"exitCode": 1' --json stock post LAGERBELEG_POS LEER
+grep -q '"error": "Beleg' err || { echo "FAIL: JSON error object" >&2; failures=$((failures + 1)); }
+run 0 '"bestand": 7' --json stock articles
+run 0 '"lines": 1' --json stock docs LAGERBELEG_POS
+
+# Fees: the schedule must exist, durations not negative, sample data once, two decimals.
+run 0 "Beispielsatzung" fee init --sample
+run 0 "Beispielsatzung" fee init --sample
+run 0 "MUSTERSTADT" fee schedules
+[ "$(grep -c MUSTERSTADT out)" -eq 1 ] || { echo "FAIL: the sample schedule twice" >&2; failures=$((failures + 1)); }
+run 0 "BRAND" fee events MUSTERSTADT
+run 1 "gibt es nicht" fee GIBTSNICHT BRAND --hours 1
+run 1 "nicht negativ" fee MUSTERSTADT BRAND --hours -1
+run 0 "FWA --> FW:" fee MUSTERSTADT BRAND --hours 1 --minutes 20
+grep -qE 'FWA --> FW: +[0-9]+,[0-9]{2}$' out || { echo "FAIL: amount without two decimals" >&2; failures=$((failures + 1)); }
+
+# AAO: sample once, clear messages where the statement cannot be built.
+run 0 "Beispielregeln" dispatch init --sample
+run 0 "Beispielregeln" dispatch init --sample
+run 0 "Technische Hilfe klein" aao rules
+[ "$(grep -c 'Technische Hilfe klein' out)" -eq 1 ] || { echo "FAIL: the sample rules twice" >&2; failures=$((failures + 1)); }
+run 1 "braucht die Suche einen Einsatzort" aao "" "" TH1 --date 2026-11-21 --time 12:00:00
+run 1 "Ohne Alarmkürzel" aao x y ""
+run 0 "Technische Hilfe am Wochenende" aao "" Musterstadt TH1 --date 2026-11-21 --time 12:00:00
+run 0 '"alarmobjekt": null' --json aao rules
+
+echo "$failures failures"
+[ "$failures" -eq 0 ]
