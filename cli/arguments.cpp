@@ -84,3 +84,8 @@ QString cliAmount(double value)
 {
     return QString::number(value, 'f', 2).replace(u'.', FormatSettings().DecimalSeparator);
 }
+
+QJsonValue cliTextOrNull(const QString &text)
+{
+    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}

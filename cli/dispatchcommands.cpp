@@ -25,7 +25,7 @@ CliOutput feeInit(const CliContext &context)
     QString schedule;
     if (args.has(u"sample"_s))
         schedule = fee_AddSampleSchedule();
-    return { QJsonObject{ { u"schedule"_s, schedule } },
+    return { QJsonObject{ { u"schedule"_s, cliTextOrNull(schedule) } },
              schedule.isEmpty() ? u"Gebührentabellen angelegt bzw. angepasst.\n"_s
                                 : u"Gebührentabellen angelegt; Beispielsatzung %1 eingetragen.\n"_s.arg(schedule) };
 }
@@ -85,7 +85,7 @@ CliOutput aao(const CliContext &context)
     const QString id = dated ? aaoGetID(p[0], p[1], p[2], date, time, useName) : aaoGetID(p[0], p[1], p[2], useName);
 
     const QString name = dispatch_RuleName(id);
-    QJsonObject json{ { u"id"_s, id }, { u"bezeichnung"_s, name } };
+    QJsonObject json{ { u"id"_s, cliTextOrNull(id) }, { u"bezeichnung"_s, cliTextOrNull(name) } };
     QString text = id.isEmpty() ? u"Keine AAO-Regel gefunden.\n"_s : u"AAO-Regel: %1 (%2)\n"_s.arg(id, name);
     if (args.has(u"explain"_s)) {
         QStringList statements{ dated ? aaoStatement(p[0], p[1], p[2], date, time) : aaoStatement(p[0], p[1], p[2]) };
@@ -126,7 +126,7 @@ CliOutput aaoRules(const CliContext &context)
     CliArguments(context, {}, {}).positional(0, u"keine Argumente"_s);
     QJsonArray json;
     QString text;
-    const auto orNull = [](const QString &value) { return value.isEmpty() ? QJsonValue() : QJsonValue(value); };
+    const auto orNull = cliTextOrNull;
     const auto date = [](const std::optional<QDate> &d) { return d ? QJsonValue(d->toString(Qt::ISODate)) : QJsonValue(); };
     for (const AaoRuleRow &row : dispatch_ReadRules()) {
         const AaoRule &r = row.rule;
@@ -181,7 +181,7 @@ CliOutput district(const CliContext &context)
     if (p.size() != 4)
         throw CliUsageError{ u"erwartet PLZ ORT STRASSE [HAUSNUMMER]."_s };
     const QString ortsteil = AaoFindOrtsteil(p[0], p[1], p[2], p[3]);
-    return { QJsonObject{ { u"ortsteil"_s, ortsteil } },
+    return { QJsonObject{ { u"ortsteil"_s, cliTextOrNull(ortsteil) } },
              ortsteil.isEmpty() ? u"Kein Ortsteil gefunden.\n"_s : u"Ortsteil: %1\n"_s.arg(ortsteil) };
 }
 

@@ -75,6 +75,7 @@ run 1 "braucht die Suche einen Einsatzort" aao "" "" TH1 --date 2026-11-21 --tim
 run 1 "Ohne Alarmkürzel" aao x y ""
 run 0 "Technische Hilfe am Wochenende" aao "" Musterstadt TH1 --date 2026-11-21 --time 12:00:00
 run 0 '"alarmobjekt": null' --json aao rules
+run 0 '"id": null' --json aao x Nirgendwo GIBTSNICHT
 
 echo "$failures failures"
 [ "$failures" -eq 0 ]
