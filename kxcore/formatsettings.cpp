@@ -38,20 +38,44 @@ void loadFormatSettings(QSettings &settings)
 
 namespace kx {
 
-QDate strToDate(const QString &text, const QDate &today)
+ShortDateLayout shortDateLayout()
 {
-    const QString format = FormatSettings().ShortDateFormat;
-    QString order;
-    QString separators;
-    for (const QChar c : format) {
+    ShortDateLayout layout;
+    for (const QChar c : FormatSettings().ShortDateFormat) {
         if (c == u'd' || c == u'M' || c == u'y') {
-            if (!order.contains(c))
-                order += c;
+            if (!layout.order.contains(c))
+                layout.order += c;
         } else {
-            separators += c;
+            layout.separators += c;
         }
     }
-    if (order.size() != 3)
+    return layout;
+}
+
+QDate dateFromFields(const QString &order, const QStringList &numbers, int year)
+{
+    if (numbers.size() != order.size())
+        return {};
+    int day = 0, month = 0;
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        bool ok = false;
+        const int number = numbers.at(i).toInt(&ok);
+        if (!ok || numbers.at(i).isEmpty())
+            return {};
+        if (order.at(i) == u'd')
+            day = number;
+        else if (order.at(i) == u'M')
+            month = number;
+        else // two-digit years fall into the window 1950-2049
+            year = numbers.at(i).size() <= 2 ? number + (number < 50 ? 2000 : 1900) : number;
+    }
+    return QDate(year, month, day);
+}
+
+QDate strToDate(const QString &text, const QDate &today)
+{
+    ShortDateLayout layout = shortDateLayout();
+    if (layout.order.size() != 3)
         return {};
 
     QStringList numbers;
@@ -64,10 +88,10 @@ QDate strToDate(const QString &text, const QDate &today)
             qsizetype j = i;
             while (j < text.size() && text.at(j).isDigit())
                 ++j;
-            numbers << text.mid(i, j - i);
+            numbers << text.mid(i, j - i).left(9); // nine digits always fit into an int
             separated = false;
             i = j;
-        } else if (separators.contains(c)) {
+        } else if (layout.separators.contains(c)) {
             separated = true;
             ++i;
         } else if (c.isSpace()) {
@@ -77,21 +101,8 @@ QDate strToDate(const QString &text, const QDate &today)
         }
     }
     if (numbers.size() == 2)
-        order.remove(u'y');
-    if (numbers.size() != order.size())
-        return {};
-
-    int day = 0, month = 0, year = today.year();
-    for (qsizetype i = 0; i < order.size(); ++i) {
-        const int number = numbers.at(i).left(9).toInt();
-        if (order.at(i) == u'd')
-            day = number;
-        else if (order.at(i) == u'M')
-            month = number;
-        else // two-digit years fall into the window 1950-2049
-            year = numbers.at(i).size() <= 2 ? number + (number < 50 ? 2000 : 1900) : number;
-    }
-    return QDate(year, month, day);
+        layout.order.remove(u'y');
+    return dateFromFields(layout.order, numbers, today.year());
 }
 
 } // namespace kx

@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringList>
 
 class QSettings;
 
@@ -23,6 +24,18 @@ TCFormatSettings &FormatSettings();
 void loadFormatSettings(QSettings &settings);
 
 namespace kx {
+
+// The short date format's day, month and year letters in their order ("dMy") and its other
+// characters in theirs (".." for "dd.MM.yyyy").
+struct ShortDateLayout
+{
+    QString order;
+    QString separators;
+};
+ShortDateLayout shortDateLayout();
+// The date of the number texts, one per letter of Order; a year that Order lacks is Year.
+// Two-digit years fall into the window 1950-2049. Invalid when a text is not a number.
+QDate dateFromFields(const QString &order, const QStringList &numbers, int year);
 
 // A date text read as the short date format gives it: day, month and year in the format's order,
 // separated by the format's separators (blanks are read over); a missing year is today's year.

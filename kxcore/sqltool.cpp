@@ -94,39 +94,12 @@ QString sqlConvertDate(const QString &text)
     if (iso.isValid() && datePart.size() == 10)
         return sqlConvertDate(iso);
 
-    // Read day, month and year in the order and with the separator of the short date format.
-    const QString format = FormatSettings().ShortDateFormat;
-    QString order;
-    QChar separator;
-    for (const QChar c : format) {
-        if (c == u'd' || c == u'M' || c == u'y') {
-            if (!order.contains(c))
-                order += c;
-        } else if (separator.isNull()) {
-            separator = c;
-        }
-    }
-    const QStringList parts = datePart.split(separator);
-    if (parts.size() != 3 || order.size() != 3)
+    // Read day, month and year in the order and with the (first) separator of the short date format.
+    const kx::ShortDateLayout layout = kx::shortDateLayout();
+    const QStringList parts = datePart.split(layout.separators.isEmpty() ? QChar() : layout.separators.at(0));
+    if (parts.size() != 3 || layout.order.size() != 3)
         return {};
-    int day = 0, month = 0, year = 0;
-    for (int i = 0; i < 3; ++i) {
-        bool ok = false;
-        const int number = parts.at(i).toInt(&ok);
-        if (!ok || parts.at(i).isEmpty())
-            return {};
-        if (order.at(i) == u'd')
-            day = number;
-        else if (order.at(i) == u'M')
-            month = number;
-        else {
-            year = number;
-            // Two-digit years fall into the window 1950-2049.
-            if (parts.at(i).size() <= 2)
-                year += year < 50 ? 2000 : 1900;
-        }
-    }
-    const QDate date(year, month, day);
+    const QDate date = kx::dateFromFields(layout.order, parts, 0);
     return date.isValid() ? sqlConvertDate(date) : QString();
 }
 
