@@ -126,7 +126,6 @@ CliOutput aaoRules(const CliContext &context)
     CliArguments(context, {}, {}).positional(0, u"keine Argumente"_s);
     QJsonArray json;
     QString text;
-    const auto orNull = cliTextOrNull;
     const auto date = [](const std::optional<QDate> &d) { return d ? QJsonValue(d->toString(Qt::ISODate)) : QJsonValue(); };
     for (const AaoRuleRow &row : dispatch_ReadRules()) {
         const AaoRule &r = row.rule;
@@ -138,9 +137,9 @@ CliOutput aaoRules(const CliContext &context)
             dayText += r.weekdays[d] ? u"MDMDFSS"_s.at(d) : u'-';
         }
         json.append(QJsonObject{ { u"id"_s, row.id }, { u"alarmkuerzel"_s, r.alarmkuerzel },
-                                 { u"alarmobjekt"_s, orNull(r.objekt) }, { u"einsatzort"_s, orNull(r.einsatzort) },
+                                 { u"alarmobjekt"_s, cliTextOrNull(r.objekt) }, { u"einsatzort"_s, cliTextOrNull(r.einsatzort) },
                                  { u"extendedsettings"_s, r.restricted }, { u"weekdays"_s, days },
-                                 { u"es_fromtime"_s, orNull(r.fromTime) }, { u"es_totime"_s, orNull(r.toTime) },
+                                 { u"es_fromtime"_s, cliTextOrNull(r.fromTime) }, { u"es_totime"_s, cliTextOrNull(r.toTime) },
                                  { u"es_fromdate"_s, date(r.fromDate) }, { u"es_todate"_s, date(r.toDate) },
                                  { u"bezeichnung"_s, r.bezeichnung } });
         text += u"%1 %2 %3 %4 %5\n"_s.arg(r.alarmkuerzel, -6)

@@ -55,12 +55,6 @@ TCLagerModeType mode(const QString &text)
                                       u"Belegart"_s);
 }
 
-// Amounts in text output: two decimals with the format settings' separator (JSON keeps the value).
-QString amount(double value)
-{
-    return cliAmount(value);
-}
-
 void requireArticle(int idnummer)
 {
     if (stock_ArticleId(idnummer).isEmpty())
@@ -85,7 +79,7 @@ CliOutput addArticle(const CliContext &context)
         throw CliInputError{ u"Artikel %1 existiert bereits."_s.arg(idnummer) };
     const QString id = stock_AddArticle(idnummer, p[1], base);
     return { QJsonObject{ { u"id"_s, id }, { u"idnummer"_s, idnummer }, { u"name"_s, p[1] }, { u"bestand"_s, base } },
-             u"Artikel %1 \"%2\" angelegt (Grundbestand %3).\n"_s.arg(idnummer).arg(p[1], amount(base)) };
+             u"Artikel %1 \"%2\" angelegt (Grundbestand %3).\n"_s.arg(idnummer).arg(p[1], cliAmount(base)) };
 }
 
 CliOutput setLine(const CliContext &context)
@@ -101,7 +95,7 @@ CliOutput setLine(const CliContext &context)
     const QString id = stock_SetLine(line);
     return { QJsonObject{ { u"id"_s, id }, { u"table"_s, line.table }, { u"document"_s, line.document },
                           { u"idnummer"_s, line.idnummer }, { u"anzahl"_s, line.quantity } },
-             u"Beleg %1: Artikel %2 mit Menge %3.\n"_s.arg(line.document).arg(line.idnummer).arg(amount(line.quantity)) };
+             u"Beleg %1: Artikel %2 mit Menge %3.\n"_s.arg(line.document).arg(line.idnummer).arg(cliAmount(line.quantity)) };
 }
 
 // Sets the action object as the options say; both postings share it.
@@ -167,7 +161,7 @@ CliOutput avail(const CliContext &context)
     return { QJsonObject{ { u"idnummer"_s, idnummer }, { u"maxAvail"_s, value } },
              value == -280772 ? u"Artikel %1: kein Bestand verfügbar (-280772: unbekannt, ohne Bestand oder "
                                 u"Bestand wird ignoriert).\n"_s.arg(idnummer)
-                              : u"Artikel %1: höchstens %2 entnehmbar.\n"_s.arg(idnummer).arg(amount(value)) };
+                              : u"Artikel %1: höchstens %2 entnehmbar.\n"_s.arg(idnummer).arg(cliAmount(value)) };
 }
 
 CliOutput showLog(const CliContext &context)
@@ -179,8 +173,8 @@ CliOutput showLog(const CliContext &context)
 
     QString text = u"Artikel %1 \"%2\": Bestand %3 (gebucht %4, Grundbestand %5, Chargen %6), bestellt %7\n"_s
                        .arg(a.idnummer)
-                       .arg(a.name, amount(a.bestand), amount(a.countLager), amount(a.countBestand),
-                            amount(a.countCharge), amount(a.countBestellt));
+                       .arg(a.name, cliAmount(a.bestand), cliAmount(a.countLager), cliAmount(a.countBestand),
+                            cliAmount(a.countCharge), cliAmount(a.countBestellt));
     text += u"Lagerprotokoll:\n  %1 %2 %3 %4 %5 %6 %7 %8 %9 aus Zugang\n"_s.arg(u"Nr"_s, 3)
                 .arg(u"Datum"_s, -10)
                 .arg(u"Uhrzeit"_s, -8)
@@ -204,11 +198,11 @@ CliOutput showLog(const CliContext &context)
                     .arg(r.datum.toString(u"dd.MM.yyyy"_s), -10)
                     .arg(r.uhrzeit, -8)
                     .arg(r.art, -22)
-                    .arg(amount(r.anzahl), 7)
-                    .arg(amount(r.oldCount), 7)
-                    .arg(amount(r.newCount), 7)
-                    .arg(amount(r.preis), 7)
-                    .arg(r.llmode == 0 ? amount(r.inCountAvail) : QString(), 7)
+                    .arg(cliAmount(r.anzahl), 7)
+                    .arg(cliAmount(r.oldCount), 7)
+                    .arg(cliAmount(r.newCount), 7)
+                    .arg(cliAmount(r.preis), 7)
+                    .arg(r.llmode == 0 ? cliAmount(r.inCountAvail) : QString(), 7)
                     .arg(from);
         logJson.append(QJsonObject{ { u"id"_s, r.id },
                                     { u"datum"_s, r.datum.toString(Qt::ISODate) },
@@ -232,7 +226,7 @@ CliOutput showLog(const CliContext &context)
     for (const StockMonthRow &m : months) {
         text += u"  %1/%2  Anfang %3 (%4)  Ende %5 (%6)\n"_s.arg(m.monat, 2, 10, QChar(u'0'))
                     .arg(m.jahr)
-                    .arg(amount(m.anfangsbestand), m.anfangsdate.toString(u"dd.MM.yyyy"_s), amount(m.endbestand),
+                    .arg(cliAmount(m.anfangsbestand), m.anfangsdate.toString(u"dd.MM.yyyy"_s), cliAmount(m.endbestand),
                          m.enddate.toString(u"dd.MM.yyyy"_s));
         monthJson.append(QJsonObject{ { u"jahr"_s, m.jahr },
                                       { u"monat"_s, m.monat },
@@ -261,8 +255,8 @@ CliOutput listArticles(const CliContext &context)
                                  { u"bestand"_s, a.bestand }, { u"countlager"_s, a.countLager },
                                  { u"countbestand"_s, a.countBestand }, { u"countcharge"_s, a.countCharge },
                                  { u"countbestellt"_s, a.countBestellt } });
-        text += u"%1 %2 %3 %4 %5\n"_s.arg(a.idnummer, 8).arg(a.name, -30).arg(amount(a.bestand), 12)
-                    .arg(amount(a.countLager), 12).arg(amount(a.countBestellt), 12);
+        text += u"%1 %2 %3 %4 %5\n"_s.arg(a.idnummer, 8).arg(a.name, -30).arg(cliAmount(a.bestand), 12)
+                    .arg(cliAmount(a.countLager), 12).arg(cliAmount(a.countBestellt), 12);
     }
     if (json.isEmpty())
         text += u"(keine Artikel)\n"_s;
@@ -285,7 +279,7 @@ CliOutput listDocuments(const CliContext &context)
                                      { u"countbestellt"_s, d.countBestellt } });
             text += u"%1 %2: %3 Zeilen, Menge %4, gebucht %5, bestellt %6\n"_s.arg(d.table, d.document)
                         .arg(d.lines)
-                        .arg(amount(d.anzahl), amount(d.countLager), amount(d.countBestellt));
+                        .arg(cliAmount(d.anzahl), cliAmount(d.countLager), cliAmount(d.countBestellt));
         }
     }
     if (json.isEmpty())
