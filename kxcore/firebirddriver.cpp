@@ -8,6 +8,7 @@
 #include "sqldriver.h"
 
 #include <QDateTime>
+#include <QSet>
 #include <QThread>
 #include <ibase.h>
 #include <cmath>
@@ -161,8 +162,11 @@ public:
                 fail(status, name);
             isc_stmt_handle statement = 0;
             try {
-                run(u"update KX_LOCKS set NAME=NAME where NAME='"_s + key + u'\'', m_lockTransaction, statement);
+                const QString update = u"update KX_LOCKS set NAME=NAME where NAME='"_s + key + u'\'';
+                const qint64 locked = run(update, m_lockTransaction, statement).rowsAffected;
                 isc_dsql_free_statement(status, &statement, DSQL_drop);
+                if (locked == 0) // a row that is not there locks nothing
+                    throw DatabaseError(u"Keine Sperrzeile"_s, update, u"KX_LOCKS ohne Zeile "_s + key);
                 return;
             } catch (const DatabaseError &e) {
                 ISC_STATUS_ARRAY ignored;
@@ -170,9 +174,10 @@ public:
                     isc_dsql_free_statement(ignored, &statement, DSQL_drop);
                 releaseLock();
                 const bool conflict = dynamic_cast<const ConflictError *>(&e) != nullptr;
-                if (!conflict && !rechecked) { // the table may have gone since it was checked
+                if (!conflict && !rechecked) { // the table or row may have gone since it was made
                     rechecked = true;
                     m_lockTableChecked = false;
+                    m_lockRows.clear();
                     ensureLockRow(key);
                     continue;
                 }
@@ -211,10 +216,11 @@ private:
     [[noreturn]] static void fail(const ISC_STATUS *status, const QString &sql)
     {
         const QString native = errorText(status);
+        const QString message = u"SQL-Fehler: %1\n%2"_s.arg(native, sql);
         const ISC_STATUS code = status[1];
         if (code == isc_deadlock || code == isc_lock_conflict || code == isc_update_conflict)
-            throw ConflictError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
-        throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
+            throw ConflictError(message, sql, native);
+        throw DatabaseError(message, sql, native);
     }
 
     SqlResult executeOnce(const QString &sql)
@@ -256,11 +262,14 @@ private:
             }
             m_lockTableChecked = true;
         }
+        if (m_lockRows.contains(key))
+            return;
         try {
             execute(u"insert into KX_LOCKS (NAME) select '"_s + key
                     + u"' from rdb$database where not exists (select 1 from KX_LOCKS where NAME='"_s + key + u"')"_s);
         } catch (const DatabaseError &) { // inserted at the same moment by another connection
         }
+        m_lockRows.insert(key);
     }
 
     SqlResult run(const QString &sql, isc_tr_handle &transaction, isc_stmt_handle &statement)
@@ -413,6 +422,7 @@ private:
     isc_db_handle m_db = 0;
     isc_tr_handle m_lockTransaction = 0;
     bool m_lockTableChecked = false;
+    QSet<QString> m_lockRows; // the lock rows known to exist, so that a lock costs one update
 };
 
 } // namespace
