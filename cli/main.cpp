@@ -87,7 +87,6 @@ const CliCommand *findCommand(QStringList &words)
     return best;
 }
 
-
 QString commandHelp(const CliCommand &command)
 {
     QString text = u"Aufruf: kxcommon [--db VERBINDUNG] [--json] %1 %2\n  %3\n"_s.arg(command.name, command.usage,
@@ -144,7 +143,7 @@ int fail(const CliContext &context, const QString &command, const QString &messa
     QTextStream err(stderr);
     if (context.json) {
         QJsonObject error{ { u"error"_s, message }, { u"exitCode"_s, code } };
-        error.insert(u"command"_s, command.isEmpty() ? QJsonValue() : QJsonValue(command));
+        error.insert(u"command"_s, cliTextOrNull(command));
         if (!usage.isEmpty())
             error.insert(u"usage"_s, usage);
         err << QJsonDocument(error).toJson(QJsonDocument::Indented);
