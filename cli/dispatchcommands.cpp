@@ -251,4 +251,18 @@ void registerDispatchCommands()
                          u"  --time ZEIT         hh:mm:ss, als Text mit den Zeitfenstern verglichen\n"
                          u"  --use-name          ein zweites Mal mit dem Objektnamen ohne Präfix (\"Ort - Name\")\n"
                          u"  --explain           die Anweisungen ausgeben\n"_s);
+    for (const QString &command : { u"fee init"_s, u"dispatch init"_s })
+        cliDetails(command, u"  --sample           zusätzlich die Beispieldaten eintragen (ein zweiter Lauf trägt nichts doppelt ein)\n"_s);
+    cliDetails(u"fee events"_s, u"  SATZUNG            Schlüssel der Gebührensatzung (kxcommon fee schedules)\n"_s);
+    for (const QString &command : { u"split-street"_s, u"split-object"_s })
+        cliDetails(command, u"  TEXT               ein Argument; mit Leerzeichen in Anführungszeichen, beginnt es mit \"-\",\n"
+                            u"                     davor --\n"_s);
+    cliDetails(u"district"_s,
+               u"  PLZ, ORT, STRASSE  die Anschrift wie im Straßenverzeichnis ORTE (Groß- und Kleinschreibung,\n"
+               u"                     Umlaute, \"Str.\"/\"Straße\" und Leerzeichen zählen nicht)\n"
+               u"  HAUSNUMMER         wählt den Eintrag mit passendem Hausnummernbereich (gerade und ungerade\n"
+               u"                     Nummern getrennt; Vorgabe: leer)\n"_s);
+    cliDetails(u"settings-name"_s,
+               u"  fms                die Einstellungen des Statusmonitors\n"
+               u"  lumiron            die Einstellungen der Lagekarte\n"_s);
 }

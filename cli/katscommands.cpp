@@ -25,7 +25,7 @@ CliOutput dataLinks(const CliContext &context)
     for (const TDataLinkRow &row : DataLink_Read(table)) {
         json.append(QJsonObject{ { u"tablename"_s, row.Tablename },
                                  { u"fieldname"_s, row.Fieldname },
-                                 { u"linkTablename"_s, row.LinkTablename },
+                                 { u"linktablename"_s, row.LinkTablename },
                                  { u"linkfieldname"_s, row.Linkfieldname } });
         text += u"%1.%2  <-  %3.%4\n"_s.arg(row.Tablename, row.Fieldname, row.LinkTablename, row.Linkfieldname);
     }
@@ -117,4 +117,17 @@ void registerKatsCommands()
                       u"Speichert die angekreuzten Kategorien eines Datensatzes (ohne KATEGORIE: keine)."_s, katsSet });
     for (const QString &command : { u"kats add"_s, u"kats tree"_s, u"kats show"_s, u"kats set"_s })
         cliRequire(command, { { u"SYSDef_Kats"_s, u"kats init"_s } });
+    cliDetails(u"datalinks"_s, u"  TABELLE            nur die Verweise auf diese Tabelle (Groß- und Kleinschreibung egal)\n"_s);
+    cliDetails(u"kats init"_s, u"  --sample           zusätzlich Beispielkategorien eintragen\n"_s);
+    cliDetails(u"kats add"_s,
+               u"  MODULNAME          Name des Moduls, z. B. Fahrzeuge\n"
+               u"  MODULNR            Modulnummer (ganze Zahl)\n"
+               u"  HAUPTTABELLE       Tabelle der Datensätze, auf die IDPARENT verweist\n"
+               u"  KATSTABELLE        neue Verknüpfungstabelle der Kategorien, z. B. FAHRZEUG_KATS\n"
+               u"  FELDER             Text für ModulFields in SYSDef_Kats\n"_s);
+    const QString record = u"  DATENSATZ          Schlüssel des Datensatzes (IDPARENT in der Verknüpfungstabelle)\n"
+                           u"  MODUL              Modulname aus kxcommon kats add\n"_s;
+    cliDetails(u"kats show"_s, record);
+    cliDetails(u"kats set"_s, record + u"  KATEGORIE          TREEID einer Kategorie (treeId in kxcommon kats tree --json);\n"
+                                       u"                     die übrigen Kategorien sind danach nicht angekreuzt\n"_s);
 }

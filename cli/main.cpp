@@ -93,6 +93,8 @@ QString commandHelp(const CliCommand &command)
                                                                                           command.summary);
     if (!command.details.isEmpty())
         text += u"\n"_s + command.details;
+    else if (command.usage.isEmpty())
+        text += u"\nKeine Argumente und keine eigenen Optionen.\n"_s;
     QStringList inits;
     for (const auto &[table, init] : command.tables)
         if (!inits.contains(init))

@@ -66,4 +66,9 @@ void registerRegistryCommands()
                       u"Registriert eine Tabelle für ein Modul (mit --main als Haupttabelle)."_s, addModule });
     cliRequire(u"modules"_s, { { u"SYSDef_Module"_s, u"init"_s } });
     cliRequire(u"modules add"_s, { { u"SYSDef_Module"_s, u"init"_s } });
+    cliDetails(u"modules add"_s,
+               u"  MODULNUMMER        Dezimalzahl, z. B. 0002\n"
+               u"  NAME               Name des Moduls\n"
+               u"  TABELLE            Tabelle des Moduls (wird groß geschrieben)\n"
+               u"  --main             als Haupttabelle des Moduls; sonst Untertabelle\n"_s);
 }

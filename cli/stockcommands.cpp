@@ -342,4 +342,27 @@ void registerStockCommands()
                u"  --belegnummer N, --bestellung ID, --wareneingang ID, --eingangsrechnung ID, --ausgabe ID\n"
                u"                     Belegverweise im Lagerprotokoll\n"
                u"  --date DATUM       Buchungsdatum (TT.MM.JJJJ oder JJJJ-MM-TT; Vorgabe: heute)\n"_s);
+    cliDetails(u"stock article"_s,
+               u"  ARTIKELNUMMER      ganze Zahl (IDNUMMER), noch nicht vergeben\n"
+               u"  NAME               Bezeichnung des Artikels\n"
+               u"  --bestand N        Grundbestand (Zahl, 2,5 oder 2.5; Vorgabe 0)\n"_s);
+    cliDetails(u"stock line"_s,
+               u"  TABELLE            Zeilentabelle, z. B. LAGERBELEG_POS oder Bestellungen_artikel\n"
+               u"  BELEG              Schlüssel des Belegs (IDPARENT der Zeile)\n"
+               u"  ARTIKELNUMMER      ganze Zahl eines angelegten Artikels\n"
+               u"  MENGE              Zahl (2,5 oder 2.5); eine vorhandene Zeile des Artikels bekommt die neue Menge\n"
+               u"  --preis P          Einzelpreis (Zahl; Vorgabe 0)\n"
+               u"  --charge ID        Schlüssel der Charge (ARTIKEL_CHARGE)\n"
+               u"  --lager ID         Schlüssel des Lagerorts (Artikel_Lager)\n"_s);
+    cliDetails(u"stock order"_s,
+               u"  TABELLE            Zeilentabelle der Bestellung, z. B. Bestellungen_artikel\n"
+               u"  BELEG              Schlüssel der Bestellung (IDPARENT ihrer Zeilen)\n"
+               u"  --action WERT      add (Vorgabe): bestellte Mengen erhöhen; sub: senken; reset-add,\n"
+               u"                     reset-sub: eine frühere Buchung zurücknehmen\n"_s);
+    cliDetails(u"stock avail"_s,
+               u"  ARTIKELNUMMER      ganze Zahl eines angelegten Artikels\n"
+               u"  --lager ID         nur der Bestand dieses Lagerorts (Artikel_Lager)\n"_s);
+    cliDetails(u"stock log"_s, u"  ARTIKELNUMMER      ganze Zahl eines angelegten Artikels\n"_s);
+    cliDetails(u"stock docs"_s,
+               u"  TABELLE            LAGERBELEG_POS oder Bestellungen_artikel; ohne: beide\n"_s);
 }

@@ -45,4 +45,10 @@ void registerTenantCommands()
                       u"Gibt die Mandanten-Einschränkung für die WHERE-Klausel aus, genau (Zeilenenden CRLF)."_s,
                       tenantFilter });
     cliRequire(u"tenant-filter"_s, { { u"Mandanten"_s, u"tenants init"_s }, { u"Mandanten_sub"_s, u"tenants init"_s } });
+    cliDetails(u"tenants init"_s, u"  --sample           zusätzlich Beispielmandanten und die Benutzer demo und kreis eintragen\n"_s);
+    cliDetails(u"tenant-filter"_s,
+               u"  TABELLE            Tabelle oder Alias, dessen Mandantenfeld eingeschränkt wird\n"
+               u"  MANDANTENKÜRZEL    Name des Mandantenfelds dieser Tabelle\n"
+               u"  --user ID          die Mandanten, die dieser Benutzer sehen darf\n"
+               u"  --unrestricted     ein Benutzer ohne Mandanten-Einschränkung (leere Ausgabe)\n"_s);
 }

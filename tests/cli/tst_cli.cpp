@@ -86,14 +86,40 @@ TEST_F(CliTest, SystemTablesOnceThenTheSeedsRefuse)
     EXPECT_TRUE(QJsonDocument::fromJson(mapped.out.toUtf8()).object()[u"done"_s].toBool());
 }
 
+// Every command's own help explains each argument and option of its usage line.
 TEST_F(CliTest, HelpEverywhere)
 {
     const CliRun general = invoke({ u"--help"_s }, false);
-    EXPECT_EQ(general.exitCode, 0);
-    EXPECT_TRUE(general.out.contains(u"modules add"_s));
-    const CliRun one = invoke({ u"modules"_s, u"add"_s, u"--help"_s }, false);
-    EXPECT_EQ(one.exitCode, 0);
-    EXPECT_TRUE(one.out.contains(u"MODULNUMMER NAME TABELLE"_s));
+    ASSERT_EQ(general.exitCode, 0);
+    const QStringList lines = general.out.section(u"Befehle:\n"_s, 1).split(u'\n', Qt::SkipEmptyParts);
+    int commands = 0;
+    for (const QString &line : lines) {
+        if (line.startsWith(u"      "_s))
+            continue; // the summary
+        QStringList name, usage;
+        for (const QString &word : line.split(u' ', Qt::SkipEmptyParts))
+            (usage.isEmpty() && word == word.toLower() && !word.startsWith(u'[') && !word.contains(u'|') ? name : usage)
+                << word;
+        ++commands;
+        const CliRun help = invoke(name + QStringList{ u"--help"_s }, false);
+        ASSERT_EQ(help.exitCode, 0) << line.toStdString();
+        const QString details = help.out.section(u"\n\n"_s, 1).section(u"Allgemeine Optionen:"_s, 0, 0);
+        if (usage.isEmpty()) {
+            EXPECT_TRUE(details.contains(u"Keine Argumente"_s)) << help.out.toStdString();
+        }
+        bool afterOption = false; // a word after an option is its value, named in the option's line
+        for (QString word : usage) {
+            word.remove(u'[').remove(u']').remove(u"..."_s);
+            const bool option = word.startsWith(u"--"_s);
+            for (const QString &part : word.split(u'|', Qt::SkipEmptyParts)) {
+                if (option || !afterOption) {
+                    EXPECT_TRUE(details.contains(part)) << name.join(u' ').toStdString() << ": " << part.toStdString();
+                }
+            }
+            afterOption = option;
+        }
+    }
+    EXPECT_GE(commands, 30);
 }
 
 } // namespace
@@ -248,7 +274,7 @@ TEST_F(CliTest, CategoriesAndTenantFragment)
     const CliRun links = invoke({ u"--json"_s, u"datalinks"_s, u"fahrzeug"_s });
     const QJsonArray linkRows = QJsonDocument::fromJson(links.out.toUtf8()).array();
     ASSERT_EQ(linkRows.size(), 1) << links.out.toStdString();
-    EXPECT_EQ(linkRows[0].toObject()[u"linkTablename"_s].toString(), u"FAHRZEUG_KATS"_s);
+    EXPECT_EQ(linkRows[0].toObject()[u"linktablename"_s].toString(), u"FAHRZEUG_KATS"_s);
 
     // An unknown category writes nothing; then the ticks are stored and shown with grayed parents.
     EXPECT_EQ(invoke({ u"kats"_s, u"set"_s, u"FZ-1"_s, u"Fahrzeuge"_s, u"FZ-LF"_s, u"XX"_s }).exitCode, 1);
