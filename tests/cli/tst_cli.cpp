@@ -230,7 +230,8 @@ TEST_F(CliTest, FeesAndDispatch)
     EXPECT_EQ(object, (QJsonObject{ { u"Prefix"_s, QString() }, { u"Name"_s, u"Rathaus"_s } }));
 
     const QJsonObject rule = jsonOf(invoke({ u"--json"_s, u"aao"_s, u"Musterstadt - Rathaus"_s, u"Musterstadt"_s,
-                                             u"B2"_s, u"--use-name"_s, u"--explain"_s }));
+                                             u"B2"_s, u"--use-name"_s, u"--explain"_s, u"--date"_s, u"25.11.2026"_s,
+                                             u"--time"_s, u"12:00:00"_s })); // by day: the night rule must not apply
     EXPECT_FALSE(rule[u"id"_s].toString().isEmpty());
     EXPECT_EQ(rule[u"statements"_s].toArray().size(), 2);
     const QJsonObject night = jsonOf(invoke({ u"--json"_s, u"aao"_s, u"Schule"_s, u"Neudorf"_s, u"B2"_s, u"--date"_s,
