@@ -51,6 +51,11 @@ QString dateOrNull(const std::optional<QDate> &date)
 
 } // namespace
 
+QList<TCTableDef> dispatch_Tables()
+{
+    return tables();
+}
+
 void dispatch_CreateTables()
 {
     for (const TCTableDef &table : tables())
@@ -108,6 +113,20 @@ void dispatch_AddOrt(const OrtEntry &e)
         .add(u"HNRUVON"_s, numberOrNull(e.ungeradeVon))
         .add(u"HNRUBIS"_s, numberOrNull(e.ungeradeBis));
     SqlExec(SqlBuildInsertSql(u"ORTE"_s, row.pairs()));
+}
+
+void dispatch_UpdateOrtSelect(const QString &id)
+{
+    const kx::SqlResult row = compSqlConnection->execute(u"select PLZ, ORT, STRASSE from ORTE where ID="_s
+                                                         + kx::sqlQuoted(id));
+    if (row.rows.empty())
+        return;
+    const auto &values = row.rows.front();
+    kx::SqlValueList select;
+    select.addText(u"SELECTPLZ"_s, SqlGetSelectFieldValue(values.value(0).toString()))
+        .addText(u"SELECTORT"_s, SqlGetSelectFieldValue(values.value(1).toString()))
+        .addText(u"SELECTSTRASSE"_s, SqlGetSelectFieldValue(values.value(2).toString()));
+    SqlExec(SqlBuildUpdateSql(u"ORTE"_s, select.pairs(), u"Where ID="_s + kx::sqlQuoted(id)));
 }
 
 void dispatch_AddSysparam(const QString &p1)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dataaccess.h"
+
 #include <QDate>
 #include <QString>
 #include <optional>
@@ -9,6 +11,8 @@
 // writes that fill them (for the command line, its demo, the tests and the benchmark).
 
 void dispatch_CreateTables();
+// The definitions of AAO, AAO_Orte, ORTE and sysparam.
+QList<TCTableDef> dispatch_Tables();
 
 // A rule of "AAO". Restricted rules carry weekday flags (Monday first) and time and date windows.
 struct AaoRule
@@ -44,6 +48,9 @@ struct OrtEntry
     std::optional<int> geradeVon, geradeBis, ungeradeVon, ungeradeBis;
 };
 void dispatch_AddOrt(const OrtEntry &entry);
+// Fills the search columns of a street row written by other means (the import) from its
+// PLZ, ORT and STRASSE.
+void dispatch_UpdateOrtSelect(const QString &id);
 
 // A settings row of that name.
 void dispatch_AddSysparam(const QString &p1);

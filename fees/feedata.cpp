@@ -64,6 +64,11 @@ QString insertRow(const QString &table, kx::SqlValueList &row, QString id = QStr
 
 } // namespace
 
+QList<TCTableDef> fee_Tables()
+{
+    return tables();
+}
+
 void fee_CreateTables()
 {
     for (const TCTableDef &table : tables())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dataaccess.h"
+
 #include <QList>
 #include <QMap>
 #include <QString>
@@ -15,6 +17,8 @@ inline constexpr char16_t RateSurcharges[] = u"gSchlussel_VKZulagen";
 // Creates or alters "gSchlussel", "gSchlussel_Ereignisse", "gSchlussel_Runden",
 // "gSchlussel_Kosten" and the three surcharge tables.
 void fee_CreateTables();
+// The definitions of the fee schedule's tables.
+QList<TCTableDef> fee_Tables();
 
 // A schedule head under the given key (a new one when empty); returns its key.
 QString fee_AddSchedule(const QString &name, const QString &id = QString());

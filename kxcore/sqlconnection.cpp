@@ -151,6 +151,14 @@ QStringList TCSqlConnection::GetIndexNames(const QString &table)
     return firstColumn(dialect().indexNamesSql(table));
 }
 
+QList<std::pair<QString, QString>> TCSqlConnection::GetFieldTypes(const QString &table)
+{
+    QList<std::pair<QString, QString>> fields;
+    for (const QVector<QVariant> &row : execute(dialect().fieldTypesSql(table)).rows)
+        fields.append({ row.value(0).toString().trimmed(), dialect().definitionType(row) });
+    return fields;
+}
+
 bool TCSqlConnection::tableExists(const QString &table)
 {
     return GetTableNames().contains(table, Qt::CaseInsensitive);

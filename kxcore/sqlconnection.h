@@ -38,6 +38,8 @@ public:
     QStringList GetTableNames();
     QStringList GetFieldNames(const QString &table);
     QStringList GetIndexNames(const QString &table);
+    // The columns of a table as the catalog has them: name and type text of a table definition.
+    QList<std::pair<QString, QString>> GetFieldTypes(const QString &table);
     bool tableExists(const QString &table);
 
     // Product differences; throws when no connection is open.

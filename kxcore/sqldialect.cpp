@@ -65,6 +65,24 @@ public:
     {
         return u"select name from pragma_table_info('"_s + table + u"') order by cid"_s;
     }
+    QString fieldTypesSql(const QString &table) const override
+    {
+        return u"select name, type from pragma_table_info('"_s + table + u"') order by cid"_s;
+    }
+    // The declared type is the definition's own text here.
+    QString definitionType(const QVector<QVariant> &row) const override
+    {
+        const QString declared = row.value(1).toString();
+        const QString upper = declared.toUpper();
+        if (upper.contains(u"INT"_s) || upper.contains(u"REAL"_s) || upper.contains(u"DOUBLE"_s)
+            || upper.contains(u"FLOAT"_s))
+            return u"Numeric(18,4)"_s;
+        if (upper.startsWith(u"TIMESTAMP"_s) || upper.startsWith(u"DATETIME"_s))
+            return u"Date"_s;
+        if (upper == u"TEXT"_s || upper.isEmpty())
+            return u"BLOB SUB_TYPE TEXT"_s;
+        return declared;
+    }
     QString indexNamesSql(const QString &table) const override
     {
         return u"select name from sqlite_master where type='index' and lower(tbl_name)=lower('"_s + table
@@ -115,6 +133,33 @@ public:
         return u"select column_name from information_schema.columns where table_schema=current_schema()"_s
                u" and table_name='"_s + catalogName(table) + u"' order by ordinal_position"_s;
     }
+    QString fieldTypesSql(const QString &table) const override
+    {
+        return u"select column_name, data_type, character_maximum_length, numeric_precision, numeric_scale"_s
+               u" from information_schema.columns where table_schema=current_schema() and table_name='"_s
+            + catalogName(table) + u"' order by ordinal_position"_s;
+    }
+    QString definitionType(const QVector<QVariant> &row) const override
+    {
+        const QString type = row.value(1).toString().toLower();
+        if (type == u"character varying"_s || type == u"character"_s)
+            return row.value(2).isNull() ? u"BLOB SUB_TYPE TEXT"_s : u"VarChar(%1)"_s.arg(row.value(2).toInt());
+        if (type == u"numeric"_s && !row.value(3).isNull())
+            return u"Numeric(%1,%2)"_s.arg(row.value(3).toInt()).arg(row.value(4).toInt());
+        if (type == u"numeric"_s || type == u"real"_s || type == u"double precision"_s)
+            return u"Numeric(18,4)"_s;
+        if (type == u"smallint"_s || type == u"integer"_s || type == u"bigint"_s)
+            return u"Numeric(%1,0)"_s.arg(row.value(3).toInt());
+        if (type == u"date"_s || type.startsWith(u"timestamp"_s))
+            return u"Date"_s;
+        if (type == u"text"_s)
+            return u"BLOB SUB_TYPE TEXT"_s;
+        if (type == u"bytea"_s)
+            return u"BLOB SUB_TYPE 0"_s;
+        if (type.startsWith(u"time"_s))
+            return u"VarChar(8)"_s;
+        return u"VarChar(255)"_s; // boolean, uuid and the like: written as quoted text
+    }
     QString indexNamesSql(const QString &table) const override
     {
         return u"select indexname from pg_indexes where schemaname=current_schema() and tablename='"_s
@@ -160,6 +205,39 @@ public:
     {
         return u"select trim(rdb$field_name) from rdb$relation_fields where rdb$relation_name='"_s
             + catalogName(table) + u"' order by rdb$field_position"_s;
+    }
+    QString fieldTypesSql(const QString &table) const override
+    {
+        return u"select trim(r.rdb$field_name), f.rdb$field_type, f.rdb$character_length, f.rdb$field_precision,"_s
+               u" f.rdb$field_scale, f.rdb$field_sub_type from rdb$relation_fields r join rdb$fields f"_s
+               u" on f.rdb$field_name=r.rdb$field_source where r.rdb$relation_name='"_s
+            + catalogName(table) + u"' order by r.rdb$field_position"_s;
+    }
+    QString definitionType(const QVector<QVariant> &row) const override
+    {
+        const int type = row.value(1).toInt();
+        const int scale = -row.value(4).toInt();
+        switch (type) {
+        case 14: // CHAR
+        case 37: // VARCHAR
+            return u"VarChar(%1)"_s.arg(row.value(2).toInt());
+        case 7: // SMALLINT, INTEGER, BIGINT, or NUMERIC/DECIMAL stored in them
+        case 8:
+        case 16:
+            return u"Numeric(%1,%2)"_s.arg(row.value(3).toInt() > 0 ? row.value(3).toInt() : 18).arg(scale);
+        case 10: // FLOAT, DOUBLE PRECISION
+        case 27:
+            return u"Numeric(18,4)"_s;
+        case 12: // DATE, TIMESTAMP
+        case 35:
+            return u"Date"_s;
+        case 261:
+            return row.value(5).toInt() == 1 ? u"BLOB SUB_TYPE TEXT"_s : u"BLOB SUB_TYPE 0"_s;
+        case 13: // TIME
+            return u"VarChar(8)"_s;
+        default: // BOOLEAN and the like: written as quoted text
+            return u"VarChar(255)"_s;
+        }
     }
     QString indexNamesSql(const QString &table) const override
     {

@@ -2,6 +2,8 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariant>
+#include <QVector>
 
 namespace kx {
 
@@ -46,6 +48,12 @@ public:
     virtual QString tableNamesSql() const = 0;
     virtual QString fieldNamesSql(const QString &table) const = 0;
     virtual QString indexNamesSql(const QString &table) const = 0;
+    // Rows of (column name, type facts) of a table, in column order, and the type text in the
+    // language of table definitions that one row gives: "VarChar(n)", "Numeric(p,s)", "Date",
+    // "BLOB SUB_TYPE TEXT", ... (a time stamp reads as "Date", whole and floating-point numbers
+    // as "Numeric": the definitions know no other number or date kinds).
+    virtual QString fieldTypesSql(const QString &table) const = 0;
+    virtual QString definitionType(const QVector<QVariant> &row) const = 0;
 
     virtual QString createTableSql(const QString &table, const QStringList &columnDefinitions) const;
     virtual QString addColumnSql(const QString &table, const QString &columnDefinition) const;

@@ -34,6 +34,11 @@ const TCTableDef &sysDefKatsTable()
 
 } // namespace
 
+const TCTableDef &Kats_Table()
+{
+    return sysDefKatsTable();
+}
+
 TCTableDef katsLinkTable()
 {
     TCTableDef table{ u"Standard_Kats"_s,

@@ -34,6 +34,8 @@ extern QPointer<TKatsCommonData> KatsCommonData;
 
 // Creates "SYSDef_Kats" and the tree table "KATS" where they are missing; rows stay.
 void Kats_CreateData();
+// The definition of "SYSDef_Kats".
+const TCTableDef &Kats_Table();
 // Enters the module in "SYSDef_Kats", creates its link table KatsTable, writes the link table's
 // data links and registers the link table in the module registry.
 void Kats_AddModul(const QString &ModulName, int ModulNr, const QString &MainTable, const QString &KatsTable,

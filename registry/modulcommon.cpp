@@ -63,6 +63,11 @@ void addDefinition(const QString &modulId, const QString &modulname, TCDataAcces
 
 } // namespace
 
+const TCTableDef &mdef_Table()
+{
+    return sysDefModuleTable();
+}
+
 TModulCommonForm::TModulCommonForm(QObject *owner)
     : THolderForm(owner)
     , SysDefModuleDataAccess(new TCDataAccess(sysDefModuleTable(), this))

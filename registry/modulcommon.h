@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dataaccess.h"
 #include "holder.h"
 
 #include <QPointer>
@@ -34,6 +35,8 @@ struct TModulRow
 
 // Makes sure "SYSDef_Module" exists in its current form and empties it.
 void mdef_CreateData();
+// The definition of "SYSDef_Module".
+const TCTableDef &mdef_Table();
 // Adds one row for one named table.
 void mdef_AddModul(const QString &ModulId, const QString &Modulname, const QString &Tablename, int IsMainTable);
 // Adds a main-table row for the definition's table and a subordinate row for each direct child.

@@ -380,4 +380,11 @@ const TCTableDef &BinaryData()
     return table;
 }
 
+QList<TCTableDef> allTables()
+{
+    return { SysDef_Dialog(), SysDef_Replicate(), SysDef_System(), SysDef_GlobalReplicate(), SysDef_DataLink(),
+             SysDef_Replicate2(), SysDef_ReplicateLog2(), SysDef_Replicate3(), SysDef_Replicate3Clients(),
+             USBRel64Data(), USBRel64Settings(), LagerLog(), OfficeTableMapping(), LagerLogMonth(), BinaryData() };
+}
+
 } // namespace systables

@@ -22,5 +22,7 @@ const TCTableDef &LagerLog();
 const TCTableDef &OfficeTableMapping();
 const TCTableDef &LagerLogMonth();
 const TCTableDef &BinaryData();
+// All of the above.
+QList<TCTableDef> allTables();
 
 } // namespace systables

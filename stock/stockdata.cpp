@@ -59,6 +59,11 @@ void openQuery(TCSqlQuery &query, const QString &sql)
 
 } // namespace
 
+QList<TCTableDef> stock_Tables()
+{
+    return moduleTables();
+}
+
 void stock_CreateModuleTables()
 {
     for (const TCTableDef &table : moduleTables())

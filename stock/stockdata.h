@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dataaccess.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
@@ -17,6 +19,8 @@ inline constexpr char16_t OrderLineTable[] = u"Bestellungen_artikel";
 // Creates or alters "Artikel", "Artikel_Lager", "ARTIKEL_CHARGE", "Bestellungen",
 // "Bestellungen_artikel" and the stock line table.
 void stock_CreateModuleTables();
+// The definitions of the stock modules' tables.
+QList<TCTableDef> stock_Tables();
 
 // Adds an article with all counts 0 except its base stock; returns its key.
 QString stock_AddArticle(int idnummer, const QString &name, double baseStock = 0);

@@ -44,6 +44,11 @@ void insert(const QString &table, const kx::SqlValueList &row)
 
 } // namespace
 
+QList<TCTableDef> tenants_Tables()
+{
+    return tables();
+}
+
 void tenants_CreateTables()
 {
     for (const TCTableDef &table : tables())

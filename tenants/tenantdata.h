@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dataaccess.h"
+
 #include <QString>
 
 // The tenant tables in the columns the tenant fragment and the tenant frame read: "Mandanten",
@@ -7,6 +9,8 @@
 // that fill them (for the command line, the demo, the window host, the tests and the benchmark).
 
 void tenants_CreateTables();
+// The definitions of the tenant tables.
+QList<TCTableDef> tenants_Tables();
 
 // A tenant: its numeric key, its code and its names.
 void tenants_AddMandant(int id, const QString &mandantId, const QString &name1, const QString &name2 = {},

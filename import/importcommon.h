@@ -1,0 +1,149 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <utility>
+
+class TCDataAccess;
+
+// The generic importer of semicolon-separated files: the user pairs database fields of a table
+// and its child tables with file columns, keeps the pairing as an ".iDef" file and runs it. The
+// run writes every line of the file (the first included: the form shows it as the sample of
+// each column) into one main row, found by a key column or new, and one fresh child row per
+// child table, one UPDATE per value. This header holds what runs without a window; the form is
+// in importcommonform.h.
+
+// A row of the database field list: "caption.TABLE" and its seven sub-items.
+struct TImportField
+{
+    enum SubItem { Column, Table, Field, DataType, Generator, GeneratorMin, Main };
+    QString Caption;
+    QStringList SubItems;
+};
+
+// The field list, the tables taking part (name, "TRUE" for the main table, "FALSE" for a child,
+// main table first) and the captions offered as key field of the main table.
+struct TImportSetup
+{
+    QList<TImportField> Fields;
+    QList<std::pair<QString, QString>> TableList;
+    QStringList KeyCaptions;
+};
+
+// The rows of one table definition (AddImportTableFields): every field but ID, IDPARENT and
+// MANDANTID, and EINHEIT only for unit records (Tag -99).
+QList<TImportField> importTableFields(TCDataAccess *dataAccess, bool isMain, int tag);
+// The main table and every child of its child collection that has a definition.
+TImportSetup importSetup(TCDataAccess *source, int tag);
+
+// The columns of the file's first line ("Spalte n" is column n + 1): the texts between ";"
+// after one ";" is appended, quotes kept as they stand. Throws kx::Error when the file cannot
+// be read; check importFileExists first for the user's message.
+QStringList importFileColumns(const QString &fileName);
+bool importFileExists(const QString &fileName);
+// The warning shown when the data file of a definition or of the file dialog is missing.
+QString importMissingFileMessage(const QString &fileName);
+
+// The definition file: name=value lines, one per paired field (caption=column, in list order),
+// then "_File_", "_Key1_" and "_Key2_"; an empty value leaves no line.
+struct TImportDefinition
+{
+    QList<std::pair<QString, QString>> Values;
+    QString value(const QString &name) const;
+};
+// Throws kx::Error when the file cannot be written or read (missing, a folder).
+void importWriteDefinition(const QString &fileName, const QList<TImportField> &fields, const QString &dataFile,
+                           const QString &key1, const QString &key2);
+TImportDefinition importReadDefinition(const QString &fileName);
+// Pairs each field with the column stored under its caption (none when there is none).
+void importApplyDefinition(QList<TImportField> &fields, const TImportDefinition &definition);
+
+using TNotifyImportBeforeInsert = std::function<void(QObject *sender, QStringList &fields, QStringList &values)>;
+using TNotifyImportAfterUpdateRecord = std::function<void(QObject *sender, const QString &id)>;
+
+// A value that could not be written: the file's line number (1-based), the field's caption,
+// the error text.
+struct TImportColumnError
+{
+    qint64 Line = 0;
+    QString Caption;
+    QString Error;
+};
+
+// What a run did, for the command line's summary.
+struct TImportSummary
+{
+    bool Started = false;  // the questions were answered and the first table touched
+    bool Finished = false; // "Daten wurden importiert." was shown
+    qint64 LinesRead = 0;
+    qint64 RowsInserted = 0;
+    qint64 RowsUpdated = 0; // main rows found through the key
+    qint64 Statements = 0;
+    QList<TImportColumnError> ColumnErrors;
+};
+
+// How the run shows its progress and keeps the window responsive; every hook may be empty.
+struct TImportProgress
+{
+    std::function<void(qint64 maximum)> SetMaximum;
+    std::function<void(qint64 position)> SetPosition;
+    std::function<void()> Step;
+    std::function<void()> ProcessMessages;
+    std::function<void()> BusyCursor;
+    std::function<void()> DefaultCursor;
+};
+
+// One run of the import (the start button). Questions and messages go through MsgDlg; an error
+// outside the guarded places ends the run and goes on to the caller, with what was written
+// staying written.
+class TImportRun
+{
+public:
+    QObject *Sender = nullptr;
+    QList<TImportField> Fields;
+    QList<std::pair<QString, QString>> TableList;
+    QString MainTable;
+    QString FileName;
+    QString DatabaseKey;       // the caption chosen as key field, or empty
+    QString ImportKey;         // "Spalte n", or empty
+    QStringList ImportKeyItems; // "Spalte 1", "Spalte 2", ...
+    int Tag = 0;
+    TNotifyImportBeforeInsert OnBeforeInsert;
+    TNotifyImportAfterUpdateRecord OnAfterUpdateRecord;
+    TImportProgress Progress;
+
+    void Execute();
+    const TImportSummary &summary() const { return m_summary; }
+    bool einheitValueImported() const { return m_einheitValueImported; }
+
+private:
+    void importLines(const QString &keyField, int keyColumn, const QStringList &assignedTables);
+    QString mainRowId(const QString &table, const QString &keyField, int keyColumn);
+    void InsertImportRecord(const QString &table, const QString &idField, const QString &parentField, QString &newId,
+                            const QString &parentId);
+    void UpdateImportRecord(const QString &table, QString id);
+    void reportColumnError(const TImportField &field, const QString &statement, const QString &error);
+    void runUnitPass();
+    void DoBeforeInsert(QStringList &fields, QStringList &values);
+    void DoAfterUpdateRecord(const QString &id);
+    void execute(const QStringList &lines);
+
+    TImportSummary m_summary;
+    bool m_einheitValueImported = false;
+    QString m_line;
+    qint64 m_lineNumber = 0;
+    QString m_mainId;
+};
+
+// The definition of a table to import into: the package's own definition when it knows the
+// table (system, registry, tenant, stock, fee, AAO and street-directory tables), else one read
+// from the database's catalog. Throws kx::Error for a table that does not exist.
+TCDataAccess *importTableDefinition(const QString &table, QObject *owner);
+
+// The N-th (1-based) field of a line, every double quote removed, trimmed.
+QString GetImportField(const QString &line, int n);
+// The length between the first "(" and ")" of a type text; kx::ConvertError without one.
+int GetFieldLength(const QString &dataType);

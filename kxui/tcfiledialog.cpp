@@ -1,0 +1,47 @@
+#include "tcfiledialog.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+TCFileDialog::TCFileDialog(Kind kind, QObject *owner)
+    : QObject(owner)
+    , m_kind(kind)
+{
+}
+
+QStringList TCFileDialog::nameFilters(const QString &filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        filters << u"%1 (%2)"_s.arg(parts[i], QString(parts[i + 1]).replace(u';', u' '));
+    return filters;
+}
+
+bool TCFileDialog::Execute()
+{
+    const QFileInfo proposed(FileName);
+    QFileDialog dialog(m_handle, Title.isEmpty() ? (m_kind == Open ? u"Öffnen"_s : u"Speichern unter"_s) : Title,
+                       FileName.isEmpty() ? QString() : proposed.absolutePath());
+    // Qt's own dialog: the same on every desktop, and drivable where no desktop runs.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(m_kind == Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(m_kind == Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setNameFilters(nameFilters(Filter));
+    dialog.setDefaultSuffix(DefaultExt);
+    if (!FileName.isEmpty())
+        dialog.selectFile(proposed.fileName());
+    dialog.setLabelText(QFileDialog::Accept, m_kind == Open ? u"Öffnen"_s : u"Speichern"_s);
+    dialog.setLabelText(QFileDialog::Reject, u"Abbrechen"_s);
+    dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"Dateiname:"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"Dateityp:"_s);
+    m_dialog = &dialog;
+    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    m_dialog = nullptr;
+    if (chosen)
+        FileName = dialog.selectedFiles().constFirst();
+    return chosen;
+}
