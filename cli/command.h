@@ -64,6 +64,7 @@ void registerStockCommands();
 void registerDispatchCommands();
 void registerKatsCommands();
 void registerTenantCommands();
+void registerImportCommands();
 
 // The options and positional arguments of a sub-command. "--name value" for the named valued
 // options, "--name" for the flags; everything else, and all after "--", is positional.

@@ -170,6 +170,7 @@ int main(int argc, char *argv[])
     registerDispatchCommands();
     registerKatsCommands();
     registerTenantCommands();
+    registerImportCommands();
 
     CliContext context;
     context.database = qEnvironmentVariable("KXCOMMON_DB", defaultDatabase);

@@ -142,6 +142,9 @@ private:
 // table (system, registry, tenant, stock, fee, AAO and street-directory tables), else one read
 // from the database's catalog. Throws kx::Error for a table that does not exist.
 TCDataAccess *importTableDefinition(const QString &table, QObject *owner);
+// What the module owning a table does after each written row, where the package knows it: the
+// street directory ORTE fills its search columns. Empty for other tables.
+TNotifyImportAfterUpdateRecord importAfterUpdateHook(const QString &table);
 
 // The N-th (1-based) field of a line, every double quote removed, trimmed.
 QString GetImportField(const QString &line, int n);

@@ -45,3 +45,10 @@ TCDataAccess *importTableDefinition(const QString &table, QObject *owner)
         access->Fields.Add(TCFieldDef(name, type));
     return access;
 }
+
+TNotifyImportAfterUpdateRecord importAfterUpdateHook(const QString &table)
+{
+    if (table.compare(u"ORTE"_s, Qt::CaseInsensitive) == 0)
+        return [](QObject *, const QString &id) { dispatch_UpdateOrtSelect(id); };
+    return {};
+}

@@ -36,7 +36,8 @@ QByteArray trimmedLine(QByteArray bytes)
 bool isUtf8(const QByteArray &bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
-    (void)decoder.decode(bytes);
+    const QString text = decoder.decode(bytes); // the view converts only when read
+    Q_UNUSED(text);
     return !decoder.hasError();
 }
 

@@ -1,0 +1,380 @@
+// The import run on each product: the statements it sends, the rows that result, the questions
+// and messages in their order, and where the run goes on or ends.
+#include "dataaccess.h"
+#include "importcommon.h"
+#include "kxerror.h"
+#include "log.h"
+#include "scriptedmessages.h"
+#include "testdatabase.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+using kxtest::rows;
+using kxtest::ScriptedMessages;
+
+namespace {
+
+const QString ask1 = u"Daten wirklich importieren?"_s;
+const QString ask2 = u"Wollen Sie die bisherigen Daten leeren?"_s;
+const QString ask3 = u"Sind Sie sich wirklich sicher?"_s;
+const QString done = u"Daten wurden importiert."_s;
+
+class ImportRunTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        kxtest::DatabaseTest::SetUp();
+        if (IsSkipped() || HasFailure())
+            return;
+        TCFieldDef counter(u"LFD"_s, u"Numeric(10,0)"_s, fGenerator);
+        counter.GeneratorMin = 100;
+        main = new TCDataAccess({ u"IMP_MAIN"_s,
+                                  { { u"ID"_s, u"Varchar(43)"_s, fUniqueIndex },
+                                    { u"NR"_s, u"VarChar(10)"_s, fIndex },
+                                    { u"NAME"_s, u"VarChar(5)"_s, 0, u"Name"_s },
+                                    { u"BETRAG"_s, u"Numeric(15,2)"_s },
+                                    { u"DATUM"_s, u"Date"_s },
+                                    { u"MANDANTID"_s, u"VarChar(43)"_s },
+                                    { u"EINHEIT"_s, u"VarChar(50)"_s },
+                                    counter,
+                                    { u"NOTIZ"_s, u"BLOB SUB_TYPE TEXT"_s } } },
+                                nullptr);
+        child = new TCDataAccess({ u"IMP_POS"_s,
+                                   { { u"ID"_s, u"Varchar(43)"_s, fUniqueIndex },
+                                     { u"IDPARENT"_s, u"Varchar(43)"_s, fIndex },
+                                     { u"TEXT"_s, u"VarChar(20)"_s } } },
+                                 main);
+        main->DataAccessChilds.Add(child);
+        for (TCDataAccess *access : { main, child }) {
+            access->Connection = compSqlConnection;
+            access->AlterOrCreateTable();
+        }
+    }
+    void TearDown() override
+    {
+        delete main;
+        kxtest::DatabaseTest::TearDown();
+    }
+
+    QString writeFile(const QByteArray &bytes)
+    {
+        const QString name = m_scratch.filePath(u"daten%1.csv"_s.arg(++m_files));
+        QFile file(name);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return name;
+    }
+
+    // A run over the file with these pairs (caption, column) and key.
+    TImportRun run(const QString &file, const QList<std::pair<QString, QString>> &pairs, const QString &key1 = {},
+                   const QString &key2 = {}, TCDataAccess *source = nullptr, int tag = 0)
+    {
+        const TImportSetup setup = importSetup(source ? source : main, tag);
+        TImportRun r;
+        r.Fields = setup.Fields;
+        importApplyDefinition(r.Fields, TImportDefinition{ pairs });
+        r.TableList = setup.TableList;
+        r.MainTable = (source ? source : main)->Tablename;
+        r.FileName = file;
+        r.Tag = tag;
+        r.DatabaseKey = key1;
+        r.ImportKey = key2;
+        if (importFileExists(file))
+            for (qsizetype n = 1; n <= importFileColumns(file).size(); ++n)
+                r.ImportKeyItems << u"Spalte "_s + QString::number(n);
+        return r;
+    }
+
+    static QList<ScriptedMessages::Step> questions(int clear, QList<ScriptedMessages::Step> then)
+    {
+        return QList<ScriptedMessages::Step>{ { ask1, mrYes }, { ask2, clear }, { ask3, mrYes } } + then;
+    }
+
+    // The run's own statements (generator upkeep differs per product), keys numbered in order.
+    static QStringList ownStatements(const QStringList &trace)
+    {
+        static const QRegularExpression key(u"[0-9A-F]{32}"_s);
+        QStringList keys;
+        QStringList result;
+        for (QString sql : trace) {
+            if (!sql.startsWith(u"Select id"_s) && !sql.startsWith(u"Insert Into"_s) && !sql.startsWith(u"Update "_s)
+                && sql != u"Commit"_s && !sql.startsWith(u"Delete from"_s))
+                continue;
+            for (QRegularExpressionMatchIterator it = key.globalMatch(sql); it.hasNext();) {
+                const QString found = it.next().captured();
+                if (!keys.contains(found))
+                    keys << found;
+            }
+            for (qsizetype i = 0; i < keys.size(); ++i)
+                sql.replace(keys[i], u"<%1>"_s.arg(i + 1));
+            result << sql;
+        }
+        return result;
+    }
+
+    TCDataAccess *main = nullptr;
+    TCDataAccess *child = nullptr;
+    int m_files = 0;
+};
+
+const QList<std::pair<QString, QString>> allPairs{ { u"NR.IMP_MAIN"_s, u"1"_s },     { u"Name.IMP_MAIN"_s, u"2"_s },
+                                                   { u"BETRAG.IMP_MAIN"_s, u"3"_s }, { u"DATUM.IMP_MAIN"_s, u"4"_s },
+                                                   { u"TEXT.IMP_POS"_s, u"5"_s } };
+
+TEST_F(ImportRunTest, EachValueIsOneUpdateAndTheChildRowComesWithTheFirstValue)
+{
+    const QString file = writeFile("N1;\"a\"\"b\";12,5;31.12.2026;Teil eins\r\n");
+    TImportRun r = run(file, allPairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
+    QStringList ids;
+    r.OnAfterUpdateRecord = [&ids](QObject *, const QString &id) { ids << id; };
+    kx::SqlTraceCapture trace;
+    {
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(ownStatements(trace.statements()),
+              (QStringList{ u"Select id from IMP_MAIN\nWhere NR = 'N1'"_s,
+                            u"Insert Into IMP_MAIN\n(\nID,\nLFD\n)\nValues\n(\n'<1>',\n100\n)"_s,
+                            u"Update IMP_MAIN set\nNR='N1'\nWhere id ='<1>'"_s,
+                            u"Update IMP_MAIN set\nNAME='ab'\nWhere id ='<1>'"_s,
+                            u"Update IMP_MAIN set\nBETRAG=12.5\nWhere id ='<1>'"_s,
+                            u"Update IMP_MAIN set\nDATUM='2026-12-31'\nWhere id ='<1>'"_s,
+                            u"Insert Into IMP_POS\n(\nID,\nIDParent\n)\nValues\n(\n'<2>',\n'<1>'\n)"_s, u"Commit"_s,
+                            u"Update IMP_POS set\nTEXT='Teil eins'\nWhere id ='<2>'"_s }));
+    EXPECT_EQ(rows(u"select NR, NAME, BETRAG, LFD from IMP_MAIN"_s), QStringList{ u"N1|ab|12,5|100"_s });
+    EXPECT_EQ(rows(u"select p.TEXT from IMP_POS p join IMP_MAIN m on m.ID=p.IDPARENT"_s), QStringList{ u"Teil eins"_s });
+    ASSERT_EQ(ids.size(), 2);
+    EXPECT_EQ(r.summary().RowsInserted, 2);
+    EXPECT_EQ(r.summary().LinesRead, 1);
+}
+
+TEST_F(ImportRunTest, ValuesAsTheyComeFromOtherPrograms)
+{
+    kxtest::exec(u"insert into IMP_MAIN (ID, NR, BETRAG) values ('VORHANDEN', 'N1', 7)"_s);
+    const QByteArray longField(10000, 'x');
+    const QString file = writeFile(QByteArray("N1;neu\n"                         // key found: that row; no NULL
+                                              "N2;zulang-abgeschnitten;;kein Datum;\n" // cut, unreadable date
+                                              ";\n"                                // only ";": a new empty row
+                                              "N3;O'Br\r\n"                        // a quote in a text lands intact
+                                              "N'4;x\n"                            // a quote in the key: new row
+                                              "N5;a")
+                                   + '\0' + "b;;2026-02-03\n" // NUL dropped, ISO date
+                                   + "N6;" + longField + "\n");
+    TImportRun r = run(file, allPairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
+    QStringList ids;
+    r.OnAfterUpdateRecord = [&ids](QObject *, const QString &id) { ids << id; };
+    {
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        r.Execute();
+    }
+    QStringList written = rows(u"select NR, NAME, BETRAG, DATUM from IMP_MAIN"_s);
+    written.sort();
+    EXPECT_EQ(written,
+              (QStringList{ u"N'4|x||"_s, u"N1|neu|7|"_s, u"N2|zulan||"_s, u"N3|O'Br||"_s, u"N5|ab||03.02.2026"_s,
+                            u"N6|xxxxx||"_s, u"|||"_s }));
+    EXPECT_EQ(rows(u"select ID from IMP_MAIN where NR='N1'"_s), QStringList{ u"VORHANDEN"_s });
+    EXPECT_EQ(rows(u"select count(*) from IMP_POS"_s), QStringList{ u"0"_s });
+    EXPECT_EQ(ids.count(u"-99"_s), 7); // every line: the child had nothing to write
+    EXPECT_EQ(r.summary().RowsUpdated, 1);
+    EXPECT_EQ(r.summary().RowsInserted, 6);
+}
+
+TEST_F(ImportRunTest, KeysDecideBetweenNewAndExistingRows)
+{
+    const QString file = writeFile("K1;eins\nK2;zwei\n");
+    const QList<std::pair<QString, QString>> pairs{ { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s } };
+    for (int i = 0; i < 2; ++i) {
+        TImportRun r = run(file, pairs);
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(rows(u"select count(*) from IMP_MAIN"_s), QStringList{ u"4"_s }) << "without a key every line is new";
+
+    kxtest::exec(u"delete from IMP_MAIN"_s);
+    kxtest::exec(u"insert into IMP_MAIN (ID, NR) values ('A', 'K1')"_s);
+    kxtest::exec(u"insert into IMP_MAIN (ID, NR) values ('B', 'K1')"_s);
+    const QString first = rows(u"Select id from IMP_MAIN\nWhere NR = 'K1'"_s).value(0);
+    TImportRun keyed = run(file, pairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
+    {
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        keyed.Execute();
+    }
+    const QStringList expected = first == u"A"_s ? QStringList{ u"A|eins"_s, u"B|"_s } : QStringList{ u"A|"_s, u"B|eins"_s };
+    EXPECT_EQ(rows(u"select ID, NAME from IMP_MAIN where NR='K1' order by ID"_s), expected);
+    EXPECT_EQ(rows(u"select count(*) from IMP_MAIN"_s), QStringList{ u"3"_s });
+}
+
+TEST_F(ImportRunTest, QuestionsInTheirOrderAndWhereTheyStop)
+{
+    kxtest::exec(u"insert into IMP_MAIN (ID, NR) values ('ALT', 'A')"_s);
+    kxtest::exec(u"insert into IMP_POS (ID, IDPARENT, TEXT) values ('ALTPOS', 'ALT', 'a')"_s);
+    const QString file = writeFile("N1;x\n");
+    const QList<std::pair<QString, QString>> pairs{ { u"NR.IMP_MAIN"_s, u"1"_s } };
+    const struct
+    {
+        QList<ScriptedMessages::Step> steps;
+        QString fileName;
+        QList<std::pair<QString, QString>> pairs;
+        QStringList statements;
+    } cases[] = {
+        { { { ask1, mrNo } }, file, pairs, {} },
+        { { { ask1, mrYes }, { ask2, mrCancel } }, file, pairs, {} },
+        { { { ask1, mrYes }, { ask2, mrNo }, { ask3, mrNo } }, file, pairs, {} },
+        { { { u"Es wurde noch keine Datei für den Import festgelegt. \r\n Bitte wählen Sie zunächst eine entsprechende "
+              u"Datei aus."_s } },
+          u"  "_s, pairs, {} },
+        { { { u"Die Datei: "_s + m_scratch.filePath(u"fehlt.csv"_s)
+              + u"\r\n existiert nicht.\r\n Der Import kann daher nicht durchgeführt werden"_s } },
+          m_scratch.filePath(u"fehlt.csv"_s), pairs, {} },
+        { { { u"Es wurden noch keine Spalten zugeordnet. \r\n Bitte ordnen Sie mindestens eine Spalte für den Import "
+              u"zu."_s } },
+          file, {}, {} },
+        { questions(mrYes, { { done } }), file, pairs,
+          { u"Delete from IMP_MAIN"_s, u"Delete from IMP_POS"_s, u"Insert Into IMP_MAIN\n(\nID,\nLFD\n)\nValues\n(\n'<1>',\n100\n)"_s,
+            u"Update IMP_MAIN set\nNR='N1'\nWhere id ='<1>'"_s } },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.steps.last().text.toStdString());
+        TImportRun r = run(c.fileName, c.pairs);
+        kx::SqlTraceCapture trace;
+        {
+            ScriptedMessages user(c.steps);
+            r.Execute();
+        }
+        EXPECT_EQ(ownStatements(trace.statements()), c.statements);
+    }
+    EXPECT_EQ(rows(u"select NR from IMP_MAIN"_s), QStringList{ u"N1"_s });
+    EXPECT_EQ(rows(u"select count(*) from IMP_POS"_s), QStringList{ u"0"_s });
+}
+
+TEST_F(ImportRunTest, AValueThatFailsIsReportedAndTheLineGoesOn)
+{
+    const QString file = writeFile("N1;abcd'e;x;01.01.2026\n");
+    TImportRun r = run(file, allPairs);
+    {
+        ScriptedMessages user(questions(mrNo, { { u"Beim Import der Zeile: N1;abcd'e;x;01.01.2026;\r\ntrat folgender "
+                                                  u"Fehler auf: *"_s },
+                                                { u"Beim Import der Zeile: N1;abcd'e;x;01.01.2026;\r\ntrat folgender "
+                                                  u"Fehler auf: *"_s },
+                                                { done } }));
+        r.Execute();
+        ASSERT_EQ(user.shown.size(), 6);
+        EXPECT_TRUE(user.shown[3].endsWith(u"\r\nKlicken Sie auf OK um den Import fortzuführen."_s));
+    }
+    EXPECT_EQ(rows(u"select NR, NAME, BETRAG, DATUM from IMP_MAIN"_s), QStringList{ u"N1|||01.01.2026"_s });
+    ASSERT_EQ(r.summary().ColumnErrors.size(), 2);
+    EXPECT_EQ(r.summary().ColumnErrors[0].Caption, u"Name.IMP_MAIN"_s);
+    EXPECT_EQ(r.summary().ColumnErrors[1].Line, 1);
+    QFile log(logFilePath());
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(log.readAll());
+    EXPECT_TRUE(text.contains(u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: Update IMP_MAIN set\n"
+                              u"NAME='abcd''\nWhere id ='"_s))
+        << text.toStdString();
+    EXPECT_EQ(text.count(u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: "_s), 2);
+}
+
+TEST_F(ImportRunTest, ATypeWithoutLengthEndsTheRunAndKeepsWhatWasWritten)
+{
+    const QString file = writeFile("N1;Notiz\nN2;Notiz\n");
+    TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"NOTIZ.IMP_MAIN"_s, u"2"_s } });
+    {
+        ScriptedMessages user(questions(mrNo, {}));
+        EXPECT_THROW(r.Execute(), kx::ConvertError);
+    }
+    EXPECT_EQ(rows(u"select NR from IMP_MAIN"_s), QStringList{ u"N1"_s });
+    EXPECT_FALSE(r.summary().Finished);
+}
+
+TEST_F(ImportRunTest, EventsSeeEveryInsertAndEveryWrittenRow)
+{
+    const QString file = writeFile("N1;;;;Pos\n");
+    TImportRun r = run(file, allPairs);
+    QStringList tables;
+    r.OnBeforeInsert = [&tables](QObject *, QStringList &fields, QStringList &values) {
+        tables << fields.join(u',');
+        if (fields.contains(u"LFD"_s)) { // the main table's insert
+            fields << u"MANDANTID"_s;
+            values << u"'7'"_s;
+        }
+    };
+    {
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(tables, (QStringList{ u"ID,LFD"_s, u"ID,IDParent"_s }));
+    EXPECT_EQ(rows(u"select MANDANTID from IMP_MAIN"_s), QStringList{ u"7"_s });
+    EXPECT_EQ(rows(u"select p.TEXT from IMP_POS p join IMP_MAIN m on m.ID=p.IDPARENT"_s), QStringList{ u"Pos"_s });
+}
+
+TEST_F(ImportRunTest, UnitRecordsGetTheirDisplayNameUnlessTheFileGaveIt)
+{
+    TCDataAccess units({ u"IMP_UNIT"_s,
+                         { { u"ID"_s, u"Varchar(43)"_s }, { u"TYP"_s, u"VarChar(10)"_s }, { u"FUNKRUFNAME"_s, u"VarChar(20)"_s },
+                           { u"BUNDESLAND"_s, u"VarChar(5)"_s }, { u"KREIS"_s, u"VarChar(5)"_s },
+                           { u"OPTA_KENNZEICHNUNG"_s, u"VarChar(5)"_s }, { u"OPTA_FUNKTIONSZUORDN"_s, u"VarChar(10)"_s },
+                           { u"OPTA_FUNKRUFNAME"_s, u"VarChar(20)"_s }, { u"OPTA_BUNDESLAND"_s, u"VarChar(5)"_s },
+                           { u"EINHEIT"_s, u"VarChar(50)"_s } } },
+                       nullptr);
+    units.Connection = compSqlConnection;
+    units.AlterOrCreateTable();
+    QList<std::pair<QString, QString>> pairs;
+    const QStringList names{ u"TYP"_s, u"FUNKRUFNAME"_s, u"BUNDESLAND"_s, u"KREIS"_s, u"OPTA_KENNZEICHNUNG"_s,
+                             u"OPTA_FUNKTIONSZUORDN"_s, u"OPTA_FUNKRUFNAME"_s, u"OPTA_BUNDESLAND"_s };
+    for (qsizetype i = 0; i < names.size(); ++i)
+        pairs.append({ names[i] + u".IMP_UNIT"_s, QString::number(i + 1) });
+    const QString file = writeFile("LF;Florian 1;HE;DA\nx;y;z;w;K;ELW;Florian 2;BY\n");
+    TImportRun r = run(file, pairs, {}, {}, &units, -99);
+    {
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(rows(u"select EINHEIT from IMP_UNIT order by TYP"_s),
+              (QStringList{ u"LF Florian 1 (HE-DA)"_s, u"ELW Florian 2 (BY)"_s }));
+
+    pairs.append({ u"EINHEIT.IMP_UNIT"_s, u"9"_s });
+    const QString given = writeFile("TLF;Florian 3;HE;GG;;;;;Eigener Name\n");
+    TImportRun second = run(given, pairs, {}, {}, &units, -99);
+    kx::SqlTraceCapture trace;
+    {
+        ScriptedMessages user(questions(mrYes, { { done } }));
+        second.Execute();
+    }
+    EXPECT_EQ(rows(u"select EINHEIT from IMP_UNIT"_s), QStringList{ u"Eigener Name"_s });
+    EXPECT_FALSE(trace.statements().join(u'\n').contains(u"Update IMP_UNIT set \n"_s));
+}
+
+TEST_F(ImportRunTest, TablesFromThePackageOrFromTheCatalog)
+{
+    const std::unique_ptr<TCDataAccess> orte(importTableDefinition(u"orte"_s, nullptr));
+    EXPECT_EQ(orte->Tablename, u"ORTE"_s);
+    EXPECT_EQ(importTableFields(orte.get(), true, 0).size(), 11);
+
+    kxtest::exec(u"create table CATTEST (ID varchar(43), ANZAHL integer, PREIS numeric(10,2), NAME varchar(20), "
+                 u"DATUM date)"_s);
+    const std::unique_ptr<TCDataAccess> catalog(importTableDefinition(u"CATTEST"_s, nullptr));
+    QStringList types;
+    for (const TCFieldDef &field : catalog->Fields.items())
+        types << field.SQLType.toUpper();
+    ASSERT_EQ(types.size(), 5);
+    EXPECT_TRUE(types[1].startsWith(u"NUMERIC("_s)) << types[1].toStdString();
+    EXPECT_EQ(types[2], u"NUMERIC(10,2)"_s);
+    EXPECT_EQ(types[3], u"VARCHAR(20)"_s);
+    EXPECT_EQ(types[4], u"DATE"_s);
+
+    const QString file = writeFile("3;2,50;\xC4pfel;01.02.2026\n"); // Windows-1252
+    TImportRun r = run(file, {}, {}, {}, catalog.get());
+    importApplyDefinition(r.Fields, TImportDefinition{ { { u"ANZAHL.CATTEST"_s, u"1"_s }, { u"PREIS.CATTEST"_s, u"2"_s },
+                                                         { u"NAME.CATTEST"_s, u"3"_s }, { u"DATUM.CATTEST"_s, u"4"_s } } });
+    {
+        ScriptedMessages user(questions(mrNo, { { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(rows(u"select ANZAHL, PREIS, NAME, DATUM from CATTEST"_s), QStringList{ u"3|2,5|Äpfel|01.02.2026"_s });
+    EXPECT_THROW(importTableDefinition(u"GIBTSNICHT"_s, nullptr), kx::Error);
+}
+
+} // namespace
