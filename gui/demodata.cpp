@@ -1,5 +1,13 @@
 #include "demodata.h"
 
+#include "dataaccess.h"
+#include "dispatchdata.h"
+#include "importcommonform.h"
+#include "tcfiledialog.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include "katscommon.h"
 #include "katsdata.h"
 #include "modulcommon.h"
@@ -25,5 +33,26 @@ void createDemoData()
         tenants_CreateTables();
         tenants_AddSampleData();
     }
+    if (!compSqlConnection->tableExists(u"ORTE"_s))
+        dispatch_CreateTables();
     tenants_SignInSampleUser();
+}
+
+TImportCommonForm *createDemoImportForm(QWidget *owner)
+{
+    auto *form = new TImportCommonForm(owner);
+    form->sourceDataAccess = importTableDefinition(u"ORTE"_s, form);
+    form->setOnAfterUpdateRecord(importAfterUpdateHook(u"ORTE"_s));
+    form->FormShow();
+    // The example's definition names its file relative to itself; the copy names it in full.
+    const QString folder = QStringLiteral(KX_DEMO_IMPORT_DIR);
+    QFile example(folder + u"/orte.iDef"_s);
+    QFile copy(QDir::temp().filePath(u"kxcommon-demo-orte.iDef"_s));
+    if (example.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly))
+        copy.write(example.readAll().replace("_File_=orte.csv", QByteArray("_File_=" + QFile::encodeName(folder + u"/orte.csv"_s))));
+    copy.close();
+    form->LoadDefinition(copy.fileName());
+    form->DatabasePrimaryKeyEdit->setCurrentText(u"STRASSE.ORTE"_s);
+    form->ImportPrimaryKeyEdit->setCurrentText(u"Spalte 4"_s);
+    return form;
 }

@@ -7,6 +7,12 @@
 // sample user is signed in.
 void createDemoData();
 
+class TImportCommonForm;
+class QWidget;
+// The import form for the street directory ORTE, with the example file and its definition
+// loaded (the file's columns shown, the pairs made): the form owns what it needs.
+TImportCommonForm *createDemoImportForm(QWidget *owner);
+
 // The vehicle of the demo whose categories are ticked.
 inline const QString demoVehicle = QStringLiteral("FZ-1");
 inline const QString demoModule = QStringLiteral("Fahrzeuge");

@@ -2,12 +2,14 @@
 
 #include "demodata.h"
 #include "globals.h"
+#include "importcommonform.h"
 #include "vehiclemask.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +22,10 @@ HostWindow::HostWindow(const QString &database, QWidget *parent)
     forms->addAction(u"Fahrzeugmaske mit &Mandantenrahmen …"_s, this, [this] {
         VehicleMask mask(this);
         mask.exec();
+    });
+    forms->addAction(u"&Straßenverzeichnis importieren (ORTE) …"_s, this, [this] {
+        std::unique_ptr<TImportCommonForm> form(createDemoImportForm(this));
+        form->exec();
     });
     forms->addSeparator();
     forms->addAction(u"&Beenden"_s, qApp, &QApplication::quit);

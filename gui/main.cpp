@@ -42,7 +42,7 @@ int main(int argc, char *argv[])
         ~CloseConnection() { compSqlConnection->Close(); }
     } closeConnection;
     if (parser.isSet(u"screenshots"_s))
-        return renderScreenshots(parser.value(u"screenshots"_s)) == 2 ? 0 : 1;
+        return renderScreenshots(parser.value(u"screenshots"_s)) == 3 ? 0 : 1;
     HostWindow window(database);
     window.show();
     return app.exec();

@@ -2,6 +2,7 @@
 
 #include "demodata.h"
 #include "frmmandantencommon.h"
+#include "importcommonform.h"
 #include "katscommon.h"
 #include "katscommonform.h"
 #include "tcdbtreeview.h"
@@ -13,6 +14,7 @@
 #include <QDir>
 #include <QPainter>
 #include <QPixmap>
+#include <QTreeWidget>
 #include <QTextStream>
 #include <memory>
 
@@ -89,13 +91,24 @@ bool tenantFrame(const QString &folder)
     return save(picture, folder, u"TfrmMandanten"_s);
 }
 
+bool importForm(const QString &folder)
+{
+    std::unique_ptr<TImportCommonForm> form(createDemoImportForm(nullptr));
+    settle(form.get());
+    // As the user sees it after pairing: the street field and its column selected.
+    form->DatabaseColumnDefinitionList->setCurrentItem(form->DatabaseColumnDefinitionList->topLevelItem(3));
+    form->ImportDefinitionList->setCurrentItem(form->ImportDefinitionList->topLevelItem(3));
+    settle(form.get());
+    return save(framed(form.get()), folder, u"TImportCommonForm"_s);
+}
+
 } // namespace
 
 int renderScreenshots(const QString &folder)
 {
     QDir().mkpath(folder);
     int written = 0;
-    for (bool (*render)(const QString &) : { katsForm, tenantFrame })
+    for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm })
         written += render(folder) ? 1 : 0;
     return written;
 }

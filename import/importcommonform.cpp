@@ -144,7 +144,11 @@ TImportCommonForm::TImportCommonForm(QWidget *owner)
     layout->setMenuBar(ToolBar);
     layout->addLayout(grid, 1);
     layout->addLayout(bottom);
-    resize(900, 520);
+    DatabaseColumnDefinitionList->setMinimumWidth(420);
+    ImportDefinitionList->setMinimumWidth(360);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(3, 1);
+    resize(960, 540);
 
     connect(AddRelationButton, &QPushButton::clicked, this, [this] { AddRelationButtonClick(); });
     connect(RemoveRelationButton, &QPushButton::clicked, this, [this] { RemoveRelationButtonClick(); });
@@ -185,7 +189,9 @@ void TImportCommonForm::guarded(Handler &&handler)
 void TImportCommonForm::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    if (!event->spontaneous())
+    // Deliberate: listed once; a host that fills the form before showing it (a definition
+    // loaded, keys chosen) keeps what it filled.
+    if (!event->spontaneous() && !m_listed)
         FormShow();
 }
 
@@ -197,6 +203,7 @@ void TImportCommonForm::closeEvent(QCloseEvent *event)
 
 void TImportCommonForm::FormShow()
 {
+    m_listed = true;
     TableList.clear();
     DatabaseColumnDefinitionList->clear();
     DatabasePrimaryKeyEdit->clear();
@@ -304,8 +311,14 @@ void TImportCommonForm::DoOpenExecute()
 {
     if (!OpenDialog2->Execute())
         return;
+    LoadDefinition(OpenDialog2->FileName);
+    MsgDlg(u"Definition wurde geladen."_s, TMsgDlgType::mtInformation, mbOK);
+}
+
+void TImportCommonForm::LoadDefinition(const QString &fileName)
+{
     // Read before anything changes: a file that cannot be read leaves the pairing as it was.
-    const TImportDefinition definition = importReadDefinition(OpenDialog2->FileName);
+    const TImportDefinition definition = importReadDefinition(fileName);
     DoNewExecute();
     for (int i = 0; i < DatabaseColumnDefinitionList->topLevelItemCount(); ++i) {
         QTreeWidgetItem *row = DatabaseColumnDefinitionList->topLevelItem(i);
@@ -316,7 +329,6 @@ void TImportCommonForm::DoOpenExecute()
         LoadColumnsFromFile(OpenDialog1->FileName);
     DatabasePrimaryKeyEdit->setCurrentText(definition.value(u"_Key1_"_s));
     ImportPrimaryKeyEdit->setCurrentText(definition.value(u"_Key2_"_s));
-    MsgDlg(u"Definition wurde geladen."_s, TMsgDlgType::mtInformation, mbOK);
 }
 
 void TImportCommonForm::StartImportButtonClick()

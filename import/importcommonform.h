@@ -69,6 +69,8 @@ public:
     void DoNewExecute();
     void DoSaveExecute();
     void DoOpenExecute();
+    // What DoOpen does with the chosen file: pairs, data file and keys from the definition.
+    void LoadDefinition(const QString &fileName);
     void StartImportButtonClick();
 
     // The list's rows as the run reads them.
@@ -90,6 +92,7 @@ private:
     void guarded(Handler &&handler);
 
     TImportSummary m_summary;
+    bool m_listed = false;
 };
 
 // Opens the import form for a table (modal) and returns when the user closes it.
