@@ -1,0 +1,198 @@
+// The import of a file with 6 assigned columns and a key column into a table whose key field is
+// indexed: (a) the run against sending the same statement texts straight through the connection,
+// (b) the cost per line at 100,000 lines against 1,000 lines and (c) the peak memory of the
+// headless import (the kxcommon program) at 100,000 lines against 1,000 lines.
+#include "benchsupport.h"
+#include "emptydatabase.h"
+
+#include "dataaccess.h"
+#include "importcommon.h"
+#include "msgdlg.h"
+#include "sqlconnection.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+extern char **environ;
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString table = u"BENCH_IMP"_s;
+const QStringList fieldNames{ u"KEYNR"_s, u"NAME"_s, u"BETRAG"_s, u"DATUM"_s, u"ORT"_s, u"STRASSE"_s };
+
+TCTableDef definition()
+{
+    return { table,
+             { { u"ID"_s, u"Varchar(43)"_s, fUniqueIndex },
+               { u"KEYNR"_s, u"VarChar(20)"_s, fIndex },
+               { u"NAME"_s, u"VarChar(40)"_s },
+               { u"BETRAG"_s, u"Numeric(15,2)"_s },
+               { u"DATUM"_s, u"Date"_s },
+               { u"ORT"_s, u"VarChar(40)"_s },
+               { u"STRASSE"_s, u"VarChar(60)"_s } } };
+}
+
+QString writeData(const QString &folder, int lines)
+{
+    const QString name = folder + u"/daten%1.csv"_s.arg(lines);
+    QFile file(name);
+    file.open(QIODevice::WriteOnly);
+    for (int i = 0; i < lines; ++i)
+        file.write(u"K%1;Name %1;%2,50;%3.%4.2026;Ort %5;Straße %1\r\n"_s.arg(i)
+                       .arg(i % 1000)
+                       .arg(i % 28 + 1, 2, 10, QChar(u'0'))
+                       .arg(i % 12 + 1, 2, 10, QChar(u'0'))
+                       .arg(i % 97)
+                       .toUtf8());
+    return name;
+}
+
+QString writeDefinition(const QString &folder)
+{
+    const QString name = folder + u"/bench.iDef"_s;
+    QFile file(name);
+    file.open(QIODevice::WriteOnly);
+    for (qsizetype i = 0; i < fieldNames.size(); ++i)
+        file.write(u"%1.%2=%3\r\n"_s.arg(fieldNames[i], table).arg(i + 1).toUtf8());
+    file.write(u"_Key1_=KEYNR.%1\r\n_Key2_=Spalte 1\r\n"_s.arg(table).toUtf8());
+    return name;
+}
+
+void runInProcess(TCDataAccess *access, const QString &file)
+{
+    TImportRun run;
+    const TImportSetup setup = importSetup(access, 0);
+    run.Fields = setup.Fields;
+    run.TableList = setup.TableList;
+    for (qsizetype i = 0; i < fieldNames.size(); ++i)
+        for (TImportField &field : run.Fields)
+            if (field.SubItems[TImportField::Field] == fieldNames[i])
+                field.SubItems[TImportField::Column] = QString::number(i + 1);
+    run.MainTable = table;
+    run.FileName = file;
+    run.DatabaseKey = u"KEYNR."_s + table;
+    run.ImportKey = u"Spalte 1"_s;
+    for (int n = 1; n <= 6; ++n)
+        run.ImportKeyItems << u"Spalte "_s + QString::number(n);
+    run.Execute();
+    if (!run.summary().Finished || !run.summary().ColumnErrors.isEmpty()) {
+        QTextStream(stderr) << "BENCH import: the run did not finish cleanly\n";
+        std::exit(1);
+    }
+}
+
+struct ChildRun
+{
+    double seconds = 0;
+    long peakKiB = 0;
+};
+
+// The headless import as its users start it: its wall time and its peak resident memory.
+ChildRun runProgram(const QString &connection, const QString &file, const QString &definitionFile)
+{
+    const QList<QByteArray> args{ KX_CLI_PROGRAM, "--db", connection.toUtf8(), "import", table.toUtf8(),
+                                  file.toUtf8(), "--def", definitionFile.toUtf8(), "--yes" };
+    std::vector<char *> argv;
+    for (const QByteArray &arg : args)
+        argv.push_back(const_cast<char *>(arg.constData()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    ChildRun result;
+    pid_t pid = 0;
+    int status = 0;
+    rusage usage{};
+    result.seconds = kxbench::seconds([&] {
+        posix_spawn(&pid, KX_CLI_PROGRAM, &actions, nullptr, argv.data(), environ);
+        wait4(pid, &status, 0, &usage);
+    });
+    posix_spawn_file_actions_destroy(&actions);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        QTextStream(stderr) << "BENCH import: kxcommon import failed for " << file << '\n';
+        std::exit(1);
+    }
+    result.peakKiB = usage.ru_maxrss;
+    return result;
+}
+
+void emptyTable()
+{
+    compSqlConnection->execute(u"delete from "_s + table);
+}
+
+void runProduct(const QString &product, QTextStream &out)
+{
+    QTemporaryDir scratch;
+    const QString connection = kxbench::openProduct("import", product, scratch.path(), out);
+    if (connection.isEmpty())
+        return;
+    kxtest::emptyDatabase(*compSqlConnection);
+    TCDataAccess access(definition(), nullptr);
+    access.Connection = compSqlConnection;
+    access.AlterOrCreateTable();
+    const MsgDlgHandler previous = setMsgDlgHandler([](const QString &text, TMsgDlgType, unsigned, int) {
+        return text == u"Wollen Sie die bisherigen Daten leeren?"_s ? int(mrNo) : int(mrYes);
+    });
+
+    // (a) The run and the same statements sent directly, on a table filled to the same size.
+    const int sizeA = 10000;
+    const QString fileA = writeData(scratch.path(), sizeA);
+    QStringList statements;
+    {
+        kx::SqlTraceCapture trace;
+        runInProcess(&access, fileA);
+        statements = trace.statements();
+    }
+    kxbench::refreshStatistics({ table });
+    emptyTable();
+    const double run = kxbench::seconds([&] { runInProcess(&access, fileA); });
+    emptyTable();
+    const double direct = kxbench::seconds([&] {
+        for (const QString &sql : std::as_const(statements))
+            compSqlConnection->execute(sql);
+    });
+    out << "BENCH import " << product << " ratio=" << QString::number(run / direct, 'f', 3)
+        << " import run over the same " << statements.size() << " statements sent directly (" << sizeA
+        << " lines x 6 columns, key look-up on an indexed field): " << QString::number(run, 'f', 2) << " s vs "
+        << QString::number(direct, 'f', 2) << " s, " << QString::number(sizeA / run, 'f', 0) << " lines/s\n";
+    out.flush();
+    setMsgDlgHandler(previous);
+
+    // (b) and (c) The headless import in a process of its own, on an empty table each time.
+    const QString definitionFile = writeDefinition(scratch.path());
+    QMap<int, ChildRun> runs;
+    for (int lines : { 1, 1000, 100000 }) {
+        const QString file = writeData(scratch.path(), lines);
+        emptyTable();
+        runs[lines] = runProgram(connection, file, definitionFile);
+    }
+    const double start = runs[1].seconds;
+    const double small = (runs[1000].seconds - start) / 999;
+    const double large = (runs[100000].seconds - start) / 99999;
+    out << "BENCH import " << product << " ratio=" << QString::number(large / small, 'f', 3)
+        << " cost per line of the headless import, 100000 over 1000 lines (start-up of a 1-line import, "
+        << QString::number(start, 'f', 2) << " s, subtracted): " << QString::number(large * 1e6, 'f', 0) << " us vs "
+        << QString::number(small * 1e6, 'f', 0) << " us per line, " << QString::number(1 / large, 'f', 0)
+        << " lines/s\n";
+    out << "BENCH import " << product << " ratio="
+        << QString::number(double(runs[100000].peakKiB) / double(runs[1000].peakKiB), 'f', 3)
+        << " peak memory of the headless import, 100000 over 1000 lines: " << runs[100000].peakKiB / 1024 << " MiB vs "
+        << runs[1000].peakKiB / 1024 << " MiB\n";
+    out.flush();
+    compSqlConnection->Close();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    return kxbench::runEachProduct(argc, argv, runProduct);
+}
