@@ -77,5 +77,21 @@ run 0 "Technische Hilfe am Wochenende" aao "" Musterstadt TH1 --date 2026-11-21 
 run 0 '"alarmobjekt": null' --json aao rules
 run 0 '"id": null' --json aao x Nirgendwo GIBTSNICHT
 
+# Import: refused without --yes and for a missing definition, table or file; then the run.
+printf '64283;Darmstadt;Rheinstra\xdfe;Innenstadt\r\n' > orte.csv
+printf 'PLZ.ORTE=1\r\nORT.ORTE=2\r\nSTRASSE.ORTE=3\r\nORTSTEIL.ORTE=4\r\n' > orte.iDef
+printf 'GIBTS.NICHT=1\r\n' > fremd.iDef
+run 0 "Rheinstraße" import-columns orte.csv
+run 1 "gibt es nicht" import-columns fehlt.csv
+run 2 "--yes" import ORTE orte.csv --def orte.iDef
+run 2 "--def" import ORTE orte.csv --yes
+run 1 "gibt es nicht" import ORTE orte.csv --def fehlt.iDef --yes
+run 1 "ist ein Ordner" import ORTE orte.csv --def "$work" --yes
+run 1 "gibt es in der Datenbank nicht" import GIBTSNICHT orte.csv --def orte.iDef --yes
+run 1 "existiert nicht" import ORTE fehlt.csv --def orte.iDef --yes
+run 1 "keine Spalten zugeordnet" import ORTE orte.csv --def fremd.iDef --yes
+run 0 '"rowsInserted": 1' --json import ORTE orte.csv --def orte.iDef --yes
+run 0 "Ortsteil: Innenstadt" district 64283 Darmstadt Rheinstr. # the search columns were filled
+
 echo "$failures failures"
 [ "$failures" -eq 0 ]
