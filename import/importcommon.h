@@ -129,7 +129,7 @@ private:
     void runUnitPass();
     void DoBeforeInsert(QStringList &fields, QStringList &values);
     void DoAfterUpdateRecord(const QString &id);
-    void execute(const QStringList &lines);
+    void runStatement(const QStringList &lines);
 
     TImportSummary m_summary;
     bool m_einheitValueImported = false;

@@ -66,7 +66,7 @@ void call(const std::function<void(Value)> &hook, Value value)
 
 } // namespace
 
-void TImportRun::execute(const QStringList &lines)
+void TImportRun::runStatement(const QStringList &lines)
 {
     TCSqlQuery query;
     query.Connection = compSqlConnection;
@@ -119,7 +119,7 @@ void TImportRun::Execute()
 
     if (clear == mrYes) {
         for (const auto &[table, isMain] : std::as_const(TableList)) {
-            execute({ u"Delete from "_s + table });
+            runStatement({ u"Delete from "_s + table });
             SqlAlterGen(table, u"ID"_s, 1);
         }
     }
@@ -229,7 +229,7 @@ void TImportRun::InsertImportRecord(const QString &table, const QString &idField
     for (qsizetype i = 0; i < values.size(); ++i)
         lines << values[i] + (i + 1 < values.size() ? u","_s : QString());
     lines << u")"_s;
-    execute(lines);
+    runStatement(lines);
     ++m_summary.RowsInserted;
 }
 
@@ -271,7 +271,7 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
         if (id == u"-99"_s) {
             // The first written value of a child table makes the child row of this line.
             InsertImportRecord(table, u"ID"_s, u"IDParent"_s, id, m_mainId);
-            execute({ u"Commit"_s });
+            runStatement({ u"Commit"_s });
         }
         lines << u"Where id ='"_s + id + u'\'';
         TCSqlQuery update;
@@ -313,7 +313,7 @@ void TImportRun::runUnitPass()
                       + text(u"OPTA_BUNDESLAND") + u")'"_s)
             : QString(u"Einheit='"_s + text(u"Typ") + u' ' + text(u"Funkrufname") + u" ("_s + text(u"Bundesland")
                       + u'-' + text(u"Kreis") + u")'"_s);
-        execute({ u"Update "_s + MainTable + u" set "_s, assignment, u"Where id='"_s + text(u"id") + u'\'' });
+        runStatement({ u"Update "_s + MainTable + u" set "_s, assignment, u"Where id='"_s + text(u"id") + u'\'' });
     }
     records.Close();
 }
