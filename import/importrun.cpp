@@ -11,8 +11,6 @@
 #include "strtools.h"
 #include "textfile.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -78,7 +76,7 @@ void TImportRun::Execute()
 {
     m_summary = {};
     StatementCounter counter(m_summary.Statements);
-    if (!QFileInfo(FileName).isFile()) {
+    if (!importFileExists(FileName)) {
         if (FileName.trimmed().isEmpty())
             MsgDlg(u"Es wurde noch keine Datei für den Import festgelegt. \r\n Bitte wählen Sie zunächst eine "
                    u"entsprechende Datei aus."_s,
@@ -150,11 +148,12 @@ void TImportRun::Execute()
 
 void TImportRun::importLines(const QString &keyField, int keyColumn, const QStringList &assignedTables)
 {
-    // Counted and then read line by line: the file is never held whole.
-    const kx::TextLineReader::Encoding encoding = kx::TextLineReader::detectEncoding(FileName);
-    call(Progress.SetMaximum, kx::TextLineReader::countLines(FileName) + 1);
+    // Counted (and its encoding found) in one pass, then read line by line: the file is never
+    // held whole.
+    const kx::TextLineReader::Facts facts = kx::TextLineReader::scan(FileName);
+    call(Progress.SetMaximum, facts.lines + 1);
     call(Progress.SetPosition, qint64(0));
-    kx::TextLineReader reader(FileName, encoding);
+    kx::TextLineReader reader(FileName, facts.encoding);
     m_lineNumber = 0;
     while (reader.readLine(m_line)) {
         ++m_lineNumber;

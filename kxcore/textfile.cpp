@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +54,7 @@ QString fromWindows1252(const QByteArray &bytes)
 }
 
 TextLineReader::TextLineReader(const QString &fileName)
-    : TextLineReader(fileName, detectEncoding(fileName))
+    : TextLineReader(fileName, scan(fileName).encoding)
 {
 }
 
@@ -88,31 +87,19 @@ bool TextLineReader::readLine(QString &line)
     return true;
 }
 
-TextLineReader::Encoding TextLineReader::detectEncoding(const QString &fileName)
+TextLineReader::Facts TextLineReader::scan(const QString &fileName)
 {
     TextLineReader reader(fileName, Encoding::Utf8);
+    Facts facts;
     // A line ends at a LF byte, which never occurs inside a UTF-8 sequence, so each line can be
     // checked on its own.
-    while (!reader.m_file.atEnd())
-        if (!isUtf8(reader.m_file.readLine()))
-            return Encoding::Windows1252;
-    return Encoding::Utf8;
-}
-
-qint64 TextLineReader::countLines(const QString &fileName)
-{
-    TextLineReader reader(fileName, Encoding::Utf8);
-    qint64 count = 0;
-    char buffer[1 << 16];
-    for (;;) {
-        const qint64 got = reader.m_file.read(buffer, sizeof buffer);
-        if (got <= 0)
-            break;
-        count += std::count(buffer, buffer + got, '\n');
-        if (reader.m_file.atEnd() && buffer[got - 1] != '\n')
-            ++count; // a last line without line end
+    while (!reader.m_file.atEnd()) {
+        const QByteArray line = reader.m_file.readLine();
+        ++facts.lines;
+        if (facts.encoding == Encoding::Utf8 && !isUtf8(line))
+            facts.encoding = Encoding::Windows1252;
     }
-    return count;
+    return facts;
 }
 
 } // namespace kx

@@ -23,10 +23,15 @@ public:
     bool readLine(QString &line);
 
     Encoding encoding() const { return m_encoding; }
-    // Whether the whole file is valid UTF-8 (a byte-order mark allowed); throws like the reader.
-    static Encoding detectEncoding(const QString &fileName);
-    // The number of lines as readLine counts them; throws like the reader.
-    static qint64 countLines(const QString &fileName);
+
+    // What one pass over the file tells: the number of lines as readLine counts them, and
+    // whether the whole file is valid UTF-8 (a byte-order mark allowed). Throws like the reader.
+    struct Facts
+    {
+        qint64 lines = 0;
+        Encoding encoding = Encoding::Utf8;
+    };
+    static Facts scan(const QString &fileName);
 
 private:
     void open(const QString &fileName);

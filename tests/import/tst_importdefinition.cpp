@@ -97,7 +97,7 @@ TEST(ImportDefinition, ColumnsAndLinesOfFilesFromWindows)
     for (const auto &c : cases) {
         const QString name = writeFile(dir, u"t.csv"_s, c.bytes);
         EXPECT_EQ(importFileColumns(name), c.columns) << c.bytes.toStdString();
-        EXPECT_EQ(kx::TextLineReader::countLines(name), c.lines) << c.bytes.toStdString();
+        EXPECT_EQ(kx::TextLineReader::scan(name).lines, c.lines) << c.bytes.toStdString();
     }
     EXPECT_EQ(GetImportField(u"a;  \"x\"\"y\" ;c;"_s, 2), u"xy"_s);
     EXPECT_EQ(GetImportField(u"a;"_s, 4), QString());
