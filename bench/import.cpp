@@ -54,33 +54,30 @@ QString writeData(const QString &folder, int lines)
     return name;
 }
 
+// Each field paired with its column, the first as the key.
+TImportDefinition benchDefinition()
+{
+    TImportDefinition definition;
+    for (qsizetype i = 0; i < fieldNames.size(); ++i)
+        definition.Values.append({ fieldNames[i] + u'.' + table, QString::number(i + 1) });
+    definition.Values.append({ u"_Key1_"_s, u"KEYNR."_s + table });
+    definition.Values.append({ u"_Key2_"_s, u"Spalte 1"_s });
+    return definition;
+}
+
 QString writeDefinition(const QString &folder)
 {
     const QString name = folder + u"/bench.iDef"_s;
     QFile file(name);
     file.open(QIODevice::WriteOnly);
-    for (qsizetype i = 0; i < fieldNames.size(); ++i)
-        file.write(u"%1.%2=%3\r\n"_s.arg(fieldNames[i], table).arg(i + 1).toUtf8());
-    file.write(u"_Key1_=KEYNR.%1\r\n_Key2_=Spalte 1\r\n"_s.arg(table).toUtf8());
+    for (const auto &[key, value] : benchDefinition().Values)
+        file.write((key + u'=' + value + u"\r\n"_s).toUtf8());
     return name;
 }
 
 void runInProcess(TCDataAccess *access, const QString &file)
 {
-    TImportRun run;
-    const TImportSetup setup = importSetup(access, 0);
-    run.Fields = setup.Fields;
-    run.TableList = setup.TableList;
-    for (qsizetype i = 0; i < fieldNames.size(); ++i)
-        for (TImportField &field : run.Fields)
-            if (field.SubItems[TImportField::Field] == fieldNames[i])
-                field.SubItems[TImportField::Column] = QString::number(i + 1);
-    run.MainTable = table;
-    run.FileName = file;
-    run.DatabaseKey = u"KEYNR."_s + table;
-    run.ImportKey = u"Spalte 1"_s;
-    for (int n = 1; n <= 6; ++n)
-        run.ImportKeyItems << u"Spalte "_s + QString::number(n);
+    TImportRun run = importRunFor(access, 0, benchDefinition(), file);
     run.Execute();
     if (!run.summary().Finished || !run.summary().ColumnErrors.isEmpty()) {
         QTextStream(stderr) << "BENCH import: the run did not finish cleanly\n";

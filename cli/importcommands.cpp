@@ -101,19 +101,7 @@ CliOutput runImport(const CliContext &context)
 
     const TImportDefinition definition = importReadDefinition(args.value(u"def"_s));
     const std::unique_ptr<TCDataAccess> table(importTableDefinition(p[0], nullptr));
-    TImportSetup setup = importSetup(table.get(), 0);
-    importApplyDefinition(setup.Fields, definition);
-
-    TImportRun run;
-    run.Fields = setup.Fields;
-    run.TableList = setup.TableList;
-    run.MainTable = table->Tablename;
-    run.FileName = p[1];
-    run.DatabaseKey = definition.value(u"_Key1_"_s);
-    run.ImportKey = definition.value(u"_Key2_"_s);
-    if (importFileExists(p[1]))
-        for (qsizetype n = 1; n <= importFileColumns(p[1]).size(); ++n)
-            run.ImportKeyItems << u"Spalte "_s + QString::number(n);
+    TImportRun run = importRunFor(table.get(), 0, definition, p[1]);
     run.OnAfterUpdateRecord = importAfterUpdateHook(table->Tablename);
     TerminalProgress progress;
     progress.hook(run.Progress);
@@ -157,7 +145,7 @@ CliOutput importColumns(const CliContext &context)
     QString text;
     const QStringList columns = importFileColumns(file);
     for (qsizetype n = 1; n <= columns.size(); ++n) {
-        json.append(QJsonObject{ { u"column"_s, qint64(n) }, { u"key"_s, QString(u"Spalte "_s + QString::number(n)) },
+        json.append(QJsonObject{ { u"column"_s, qint64(n) }, { u"key"_s, importColumnKey(n) },
                                  { u"content"_s, columns[n - 1] } });
         text += u"%1  %2\n"_s.arg(n, 3).arg(columns[n - 1]);
     }

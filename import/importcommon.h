@@ -146,6 +146,13 @@ TCDataAccess *importTableDefinition(const QString &table, QObject *owner);
 // street directory ORTE fills its search columns. Empty for other tables.
 TNotifyImportAfterUpdateRecord importAfterUpdateHook(const QString &table);
 
+// "Spalte n": the key-column item of file column N (1-based), as the form offers it.
+QString importColumnKey(qsizetype n);
+// A run without a window: the field list of the table and its children paired as the
+// definition says, its key pair (_Key1_, _Key2_) and the key-column items of the file (none when
+// the file is missing: the run then reports it). The file is the one given, not _File_.
+TImportRun importRunFor(TCDataAccess *source, int tag, const TImportDefinition &definition, const QString &fileName);
+
 // The N-th (1-based) field of a line, every double quote removed, trimmed.
 QString GetImportField(const QString &line, int n);
 // The length between the first "(" and ")" of a type text; kx::ConvertError without one.

@@ -265,7 +265,7 @@ void TImportCommonForm::LoadColumnsFromFile(const QString &FileName)
     }
     const QStringList columns = importFileColumns(FileName);
     for (qsizetype n = 1; n <= columns.size(); ++n) {
-        ImportPrimaryKeyEdit->addItem(u"Spalte "_s + QString::number(n));
+        ImportPrimaryKeyEdit->addItem(importColumnKey(n));
         new QTreeWidgetItem(ImportDefinitionList, { QString::number(n), columns[n - 1] });
     }
     ImportPrimaryKeyEdit->setCurrentIndex(-1);

@@ -2,6 +2,7 @@
 // value, so that a value the database refuses is reported and the rest of the line still lands.
 #include "importcommon.h"
 
+#include "dataaccess.h"
 #include "kxerror.h"
 #include "log.h"
 #include "msgdlg.h"
@@ -327,4 +328,29 @@ void TImportRun::DoAfterUpdateRecord(const QString &id)
 {
     if (OnAfterUpdateRecord)
         OnAfterUpdateRecord(Sender, id);
+}
+
+QString importColumnKey(qsizetype n)
+{
+    return u"Spalte "_s + QString::number(n);
+}
+
+TImportRun importRunFor(TCDataAccess *source, int tag, const TImportDefinition &definition, const QString &fileName)
+{
+    const TImportSetup setup = importSetup(source, tag);
+    TImportRun run;
+    run.Fields = setup.Fields;
+    importApplyDefinition(run.Fields, definition);
+    run.TableList = setup.TableList;
+    run.MainTable = source->Tablename;
+    run.FileName = fileName;
+    run.Tag = tag;
+    run.DatabaseKey = definition.value(u"_Key1_"_s);
+    run.ImportKey = definition.value(u"_Key2_"_s);
+    if (importFileExists(fileName)) {
+        const qsizetype columns = importFileColumns(fileName).size();
+        for (qsizetype n = 1; n <= columns; ++n)
+            run.ImportKeyItems << importColumnKey(n);
+    }
+    return run;
 }

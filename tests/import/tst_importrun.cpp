@@ -69,23 +69,12 @@ protected:
     }
 
     // A run over the file with these pairs (caption, column) and key.
-    TImportRun run(const QString &file, const QList<std::pair<QString, QString>> &pairs, const QString &key1 = {},
+    TImportRun run(const QString &file, QList<std::pair<QString, QString>> pairs, const QString &key1 = {},
                    const QString &key2 = {}, TCDataAccess *source = nullptr, int tag = 0)
     {
-        const TImportSetup setup = importSetup(source ? source : main, tag);
-        TImportRun r;
-        r.Fields = setup.Fields;
-        importApplyDefinition(r.Fields, TImportDefinition{ pairs });
-        r.TableList = setup.TableList;
-        r.MainTable = (source ? source : main)->Tablename;
-        r.FileName = file;
-        r.Tag = tag;
-        r.DatabaseKey = key1;
-        r.ImportKey = key2;
-        if (importFileExists(file))
-            for (qsizetype n = 1; n <= importFileColumns(file).size(); ++n)
-                r.ImportKeyItems << u"Spalte "_s + QString::number(n);
-        return r;
+        pairs.append({ u"_Key1_"_s, key1 });
+        pairs.append({ u"_Key2_"_s, key2 });
+        return importRunFor(source ? source : main, tag, TImportDefinition{ pairs }, file);
     }
 
     static QList<ScriptedMessages::Step> questions(int clear, QList<ScriptedMessages::Step> then)
@@ -366,9 +355,10 @@ TEST_F(ImportRunTest, TablesFromThePackageOrFromTheCatalog)
     EXPECT_EQ(types[4], u"DATE"_s);
 
     const QString file = writeFile("3;2,50;\xC4pfel;01.02.2026\n"); // Windows-1252
-    TImportRun r = run(file, {}, {}, {}, catalog.get());
-    importApplyDefinition(r.Fields, TImportDefinition{ { { u"ANZAHL.CATTEST"_s, u"1"_s }, { u"PREIS.CATTEST"_s, u"2"_s },
-                                                         { u"NAME.CATTEST"_s, u"3"_s }, { u"DATUM.CATTEST"_s, u"4"_s } } });
+    TImportRun r = run(file,
+                       { { u"ANZAHL.CATTEST"_s, u"1"_s }, { u"PREIS.CATTEST"_s, u"2"_s }, { u"NAME.CATTEST"_s, u"3"_s },
+                         { u"DATUM.CATTEST"_s, u"4"_s } },
+                       {}, {}, catalog.get());
     {
         ScriptedMessages user(questions(mrNo, { { done } }));
         r.Execute();
