@@ -249,24 +249,22 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
 
         QStringList lines{ u"Update "_s + table + u" set"_s };
         const QString type = s[TImportField::DataType].toUpper();
-        try {
-            if (type.contains(u"NUMERIC"_s)) {
-                lines << name + u'=' + sqlConvertFloat(value);
-            } else if (type.contains(u"DATE"_s)) {
-                const QString date = sqlConvertDate(value);
-                lines << (date.isEmpty() ? QString(name + u"=NULL"_s) : QString(name + u"='"_s + date + u'\''));
-            } else {
-                lines << name + u"='"_s + sqlConvertString(value).left(GetFieldLength(s[TImportField::DataType]))
-                        + u'\'';
-            }
-        } catch (const kx::ConvertError &error) {
-            // A number that does not read is this value's failure, reported like a refused
-            // statement, not the end of the run.
-            if (type.contains(u"NUMERIC"_s)) {
+        if (type.contains(u"NUMERIC"_s)) {
+            QString number;
+            try {
+                number = sqlConvertFloat(value);
+            } catch (const kx::ConvertError &error) {
+                // A number that does not read is this value's failure, reported like a refused
+                // statement, not the end of the run.
                 reportColumnError(field, lines.join(u'\n'), error.message());
                 continue;
             }
-            throw;
+            lines << name + u'=' + number;
+        } else if (type.contains(u"DATE"_s)) {
+            const QString date = sqlConvertDate(value);
+            lines << (date.isEmpty() ? QString(name + u"=NULL"_s) : QString(name + u"='"_s + date + u'\''));
+        } else {
+            lines << name + u"='"_s + sqlConvertString(value).left(GetFieldLength(s[TImportField::DataType])) + u'\'';
         }
         if (id == u"-99"_s) {
             // The first written value of a child table makes the child row of this line.
