@@ -39,6 +39,14 @@ QList<TCTableDef> tables()
     };
 }
 
+// The search columns of a street row, in the form the look-ups query them.
+kx::SqlValueList &addSelectColumns(kx::SqlValueList &row, const QString &plz, const QString &ort, const QString &strasse)
+{
+    return row.addText(u"SELECTPLZ"_s, SqlGetSelectFieldValue(plz))
+        .addText(u"SELECTORT"_s, SqlGetSelectFieldValue(ort))
+        .addText(u"SELECTSTRASSE"_s, SqlGetSelectFieldValue(strasse));
+}
+
 QString numberOrNull(const std::optional<int> &value)
 {
     return value ? QString::number(*value) : u"NULL"_s;
@@ -104,10 +112,8 @@ void dispatch_AddOrt(const OrtEntry &e)
         .addText(u"PLZ"_s, e.plz)
         .addText(u"ORT"_s, e.ort)
         .addText(u"ORTSTEIL"_s, e.ortsteil)
-        .addText(u"STRASSE"_s, e.strasse)
-        .addText(u"SELECTPLZ"_s, SqlGetSelectFieldValue(e.plz))
-        .addText(u"SELECTORT"_s, SqlGetSelectFieldValue(e.ort))
-        .addText(u"SELECTSTRASSE"_s, SqlGetSelectFieldValue(e.strasse))
+        .addText(u"STRASSE"_s, e.strasse);
+    addSelectColumns(row, e.plz, e.ort, e.strasse)
         .add(u"HNRGVON"_s, numberOrNull(e.geradeVon))
         .add(u"HNRGBIS"_s, numberOrNull(e.geradeBis))
         .add(u"HNRUVON"_s, numberOrNull(e.ungeradeVon))
@@ -123,9 +129,7 @@ void dispatch_UpdateOrtSelect(const QString &id)
         return;
     const auto &values = row.rows.front();
     kx::SqlValueList select;
-    select.addText(u"SELECTPLZ"_s, SqlGetSelectFieldValue(values.value(0).toString()))
-        .addText(u"SELECTORT"_s, SqlGetSelectFieldValue(values.value(1).toString()))
-        .addText(u"SELECTSTRASSE"_s, SqlGetSelectFieldValue(values.value(2).toString()));
+    addSelectColumns(select, values.value(0).toString(), values.value(1).toString(), values.value(2).toString());
     SqlExec(SqlBuildUpdateSql(u"ORTE"_s, select.pairs(), u"Where ID="_s + kx::sqlQuoted(id)));
 }
 
