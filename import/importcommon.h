@@ -24,13 +24,12 @@ struct TImportField
     QStringList SubItems;
 };
 
-// The field list, the tables taking part (name, "TRUE" for the main table, "FALSE" for a child,
-// main table first) and the captions offered as key field of the main table.
+// The field list and the tables taking part (name, "TRUE" for the main table, "FALSE" for a
+// child, main table first).
 struct TImportSetup
 {
     QList<TImportField> Fields;
     QList<std::pair<QString, QString>> TableList;
-    QStringList KeyCaptions;
 };
 
 // The rows of one table definition (AddImportTableFields): every field but ID, IDPARENT and

@@ -35,8 +35,6 @@ TImportSetup importSetup(TCDataAccess *source, int tag)
 {
     TImportSetup setup;
     setup.Fields = importTableFields(source, true, tag);
-    for (const TImportField &field : std::as_const(setup.Fields))
-        setup.KeyCaptions << field.Caption;
     setup.TableList.append({ source->Tablename, u"TRUE"_s });
     for (int i = 0; i < source->DataAccessChilds.Count(); ++i) {
         TCDataAccess *child = source->DataAccessChilds.GetItem(i).DataAccess;
