@@ -20,13 +20,19 @@ QStringList TCFileDialog::nameFilters(const QString &filter)
     return filters;
 }
 
+void prepareFileDialog(QFileDialog &dialog)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setLabelText(QFileDialog::Reject, u"Abbrechen"_s);
+    dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
+}
+
 bool TCFileDialog::Execute()
 {
     const QFileInfo proposed(FileName);
     QFileDialog dialog(m_handle, Title.isEmpty() ? (m_kind == Open ? u"Öffnen"_s : u"Speichern unter"_s) : Title,
                        FileName.isEmpty() ? QString() : proposed.absolutePath());
-    // Qt's own dialog: the same on every desktop, and drivable where no desktop runs.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    prepareFileDialog(dialog);
     dialog.setAcceptMode(m_kind == Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(m_kind == Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilters(nameFilters(Filter));
@@ -34,8 +40,6 @@ bool TCFileDialog::Execute()
     if (!FileName.isEmpty())
         dialog.selectFile(proposed.fileName());
     dialog.setLabelText(QFileDialog::Accept, m_kind == Open ? u"Öffnen"_s : u"Speichern"_s);
-    dialog.setLabelText(QFileDialog::Reject, u"Abbrechen"_s);
-    dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
     dialog.setLabelText(QFileDialog::FileName, u"Dateiname:"_s);
     dialog.setLabelText(QFileDialog::FileType, u"Dateityp:"_s);
     m_dialog = &dialog;

@@ -35,3 +35,7 @@ private:
     QPointer<QWidget> m_handle;
     QPointer<QFileDialog> m_dialog;
 };
+
+// Qt's own dialog, the same on every desktop and drivable where no desktop runs, with the
+// German texts its file and folder pickers share.
+void prepareFileDialog(QFileDialog &dialog);
