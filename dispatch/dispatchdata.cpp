@@ -33,8 +33,11 @@ QList<TCTableDef> tables()
           { { u"ID"_s, key, fUniqueIndex }, { u"PLZ"_s, u"VarChar(10)"_s }, { u"ORT"_s, u"VarChar(80)"_s },
             { u"ORTSTEIL"_s, u"VarChar(80)"_s }, { u"STRASSE"_s, u"VarChar(80)"_s }, { u"SELECTPLZ"_s, u"VarChar(10)"_s },
             { u"SELECTORT"_s, u"VarChar(80)"_s }, { u"SELECTSTRASSE"_s, u"VarChar(80)"_s }, { u"HNRGVON"_s, flag },
-            { u"HNRGBIS"_s, flag }, { u"HNRUVON"_s, flag }, { u"HNRUBIS"_s, flag } },
-          { { u"OrteSelectIDX"_s, false, u"SELECTORT,SELECTSTRASSE"_s } }, standardRights() },
+            { u"HNRGBIS"_s, flag }, { u"HNRUVON"_s, flag }, { u"HNRUBIS"_s, flag },
+            { u"HAUSNUMMER"_s, u"VarChar(10)"_s } },
+          // The address frame's pick lists ask by postcode, and by postcode and town.
+          { { u"OrteSelectIDX"_s, false, u"SELECTORT,SELECTSTRASSE"_s }, { u"OrtePlzOrtIDX"_s, false, u"PLZ,ORT"_s } },
+          standardRights() },
         { u"sysparam"_s, { { u"ID"_s, key, fUniqueIndex }, { u"P1"_s, u"VarChar(80)"_s, fIndex } }, {}, standardRights() },
     };
 }
@@ -112,7 +115,8 @@ void dispatch_AddOrt(const OrtEntry &e)
         .addText(u"PLZ"_s, e.plz)
         .addText(u"ORT"_s, e.ort)
         .addText(u"ORTSTEIL"_s, e.ortsteil)
-        .addText(u"STRASSE"_s, e.strasse);
+        .addText(u"STRASSE"_s, e.strasse)
+        .addText(u"HAUSNUMMER"_s, e.hausnummer);
     addSelectColumns(row, e.plz, e.ort, e.strasse)
         .add(u"HNRGVON"_s, numberOrNull(e.geradeVon))
         .add(u"HNRGBIS"_s, numberOrNull(e.geradeBis))

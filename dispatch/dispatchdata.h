@@ -46,6 +46,7 @@ struct OrtEntry
 {
     QString plz, ort, ortsteil, strasse;
     std::optional<int> geradeVon, geradeBis, ungeradeVon, ungeradeBis;
+    QString hausnummer; // a row per house number, where the directory lists them
 };
 void dispatch_AddOrt(const OrtEntry &entry);
 // Fills the search columns of a street row written by other means (the import) from its

@@ -8,6 +8,7 @@
 #include "sqlconnection.h"
 #include "sqlquery.h"
 #include "tcfiledialog.h"
+#include "uierrors.h"
 
 #include <QAction>
 #include <QApplication>
@@ -154,11 +155,11 @@ TImportCommonForm::TImportCommonForm(QWidget *owner)
     connect(RemoveRelationButton, &QPushButton::clicked, this, [this] { RemoveRelationButtonClick(); });
     connect(ImportDefinitionList, &QTreeWidget::itemDoubleClicked, this, [this] { AddRelationButtonClick(); });
     connect(DatabaseColumnDefinitionList, &QTreeWidget::itemDoubleClicked, this, [this] { RemoveRelationButtonClick(); });
-    connect(OpenFileButton, &QPushButton::clicked, this, [this] { guarded([this] { OpenFileButtonClick(); }); });
+    connect(OpenFileButton, &QPushButton::clicked, this, [this] { kx::showErrors([this] { OpenFileButtonClick(); }); });
     connect(StartImportButton, &QPushButton::clicked, this, [this] { StartImportButtonClick(); });
     connect(DoNew, &QAction::triggered, this, [this] { DoNewExecute(); });
-    connect(DoOpen, &QAction::triggered, this, [this] { guarded([this] { DoOpenExecute(); }); });
-    connect(DoSave, &QAction::triggered, this, [this] { guarded([this] { DoSaveExecute(); }); });
+    connect(DoOpen, &QAction::triggered, this, [this] { kx::showErrors([this] { DoOpenExecute(); }); });
+    connect(DoSave, &QAction::triggered, this, [this] { kx::showErrors([this] { DoSaveExecute(); }); });
     FormCreate();
 }
 
@@ -172,18 +173,6 @@ void TImportCommonForm::FormCreate()
         RedrawHeader(ImportDefinitionList);
     }
     setProgressBarBackgroundColor(ProgressBar);
-}
-
-template<class Handler>
-void TImportCommonForm::guarded(Handler &&handler)
-{
-    try {
-        handler();
-    } catch (const kx::Error &error) {
-        MsgDlg(error.message(), TMsgDlgType::mtError, mbOK);
-    } catch (const std::exception &error) {
-        MsgDlg(QString::fromLocal8Bit(error.what()), TMsgDlgType::mtError, mbOK);
-    }
 }
 
 void TImportCommonForm::showEvent(QShowEvent *event)
@@ -356,7 +345,7 @@ void TImportCommonForm::StartImportButtonClick()
     run.Progress.DefaultCursor = [] { QApplication::restoreOverrideCursor(); };
     // Deliberate: an error outside the run's guarded places ends it with the error's message;
     // what was written stays, the closing message is not shown.
-    guarded([&run] { run.Execute(); });
+    kx::showErrors([&run] { run.Execute(); });
     m_summary = run.summary();
 }
 

@@ -86,11 +86,6 @@ private:
     void FormCreate();
     void addFieldRow(const TImportField &field);
     void setAssignedColumn(QTreeWidgetItem *row, const QString &column);
-    // Runs a handler; an error it raises is shown to the user, as the platform does for any
-    // handler, instead of crossing the event loop.
-    template<class Handler>
-    void guarded(Handler &&handler);
-
     TImportSummary m_summary;
     bool m_listed = false;
 };

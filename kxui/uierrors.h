@@ -1,0 +1,24 @@
+#pragma once
+
+#include "kxerror.h"
+#include "msgdlg.h"
+
+#include <exception>
+
+namespace kx {
+
+// Runs an event handler as the application runs one: an error that escapes it is shown to the
+// user as an error message, and the event loop goes on.
+template<class Handler>
+void showErrors(Handler &&handler)
+{
+    try {
+        handler();
+    } catch (const kx::Error &error) {
+        MsgDlg(error.message(), TMsgDlgType::mtError, mbOK);
+    } catch (const std::exception &error) {
+        MsgDlg(QString::fromLocal8Bit(error.what()), TMsgDlgType::mtError, mbOK);
+    }
+}
+
+} // namespace kx
