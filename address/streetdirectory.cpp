@@ -41,6 +41,7 @@ const QStringList plainStreets = {
 
 constexpr int streetsPerPostcodeMin = 5;
 constexpr int streetsPerPostcodeMax = 20;
+constexpr int sampleStreets = 12;
 
 // A small generator of our own: the same sequence on every machine and library.
 class Sequence
@@ -147,7 +148,7 @@ StreetDirectoryFacts address_GenerateDirectory(int postcodes, unsigned seed)
             .add(u"HI"_s, QString::number(lo + count - 1));
         SqlExec(SqlBuildInsertSql(postcodeTable.Tablename, row.pairs()));
         facts.rows += count;
-        if (i == codes.size() / 2) {
+        if (facts.samplePlz.isEmpty() && i >= codes.size() / 2 && count == sampleStreets) {
             facts.samplePlz = plz;
             facts.sampleOrt = town;
         }

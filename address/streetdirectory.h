@@ -11,7 +11,8 @@ struct StreetDirectoryFacts
     int postcodes = 0;
     int towns = 0;
     int rows = 0;
-    // A postcode of the directory with its town, for look-ups that need one.
+    // A postcode of the directory with its town and twelve streets, for look-ups that need one
+    // (directories of different sizes then answer with lists of the same length).
     QString samplePlz, sampleOrt;
 };
 

@@ -4,7 +4,8 @@
 #include "sqldialect.h"
 #include "sqltool.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -45,11 +46,18 @@ void refreshStatistics(const QStringList &tables)
         SqlExec(u"ANALYZE "_s + table);
 }
 
-int runEachProduct(int argc, char *argv[], const std::function<void(const QString &product, QTextStream &out)> &run)
+int runEachProduct(int argc, char *argv[], const std::function<void(const QString &product, QTextStream &out)> &run,
+                   Application application)
 {
-    QCoreApplication app(argc, argv);
+    std::unique_ptr<QCoreApplication> app;
+    if (application == Application::Widgets) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        app = std::make_unique<QApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QTextStream out(stdout);
-    for (const QString &product : products(app.arguments().mid(1)))
+    for (const QString &product : products(app->arguments().mid(1)))
         run(product, out);
     return 0;
 }

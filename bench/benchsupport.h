@@ -39,8 +39,11 @@ QStringList products(const QStringList &arguments);
 // (Firebird keeps its index statistics itself).
 void refreshStatistics(const QStringList &tables);
 
-// The benchmark's main: an application object, then Run for each product named on the command
-// line (or all three), its lines on standard output.
-int runEachProduct(int argc, char *argv[], const std::function<void(const QString &product, QTextStream &out)> &run);
+// The benchmark's main: an application object (of the widgets kind, on the offscreen platform,
+// for benchmarks that drive widgets), then Run for each product named on the command line (or
+// all three), its lines on standard output.
+enum class Application { Core, Widgets };
+int runEachProduct(int argc, char *argv[], const std::function<void(const QString &product, QTextStream &out)> &run,
+                   Application application = Application::Core);
 
 } // namespace kxbench
