@@ -65,6 +65,7 @@ void registerDispatchCommands();
 void registerKatsCommands();
 void registerTenantCommands();
 void registerImportCommands();
+void registerSymbolsCommands();
 
 // The options and positional arguments of a sub-command. "--name value" for the named valued
 // options, "--name" for the flags; everything else, and all after "--", is positional.

@@ -5,6 +5,9 @@
 #include "sqlconnection.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <algorithm>
+#include <memory>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -161,7 +164,14 @@ int fail(const CliContext &context, const QString &command, const QString &messa
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // Symbols are images: SVG texts need a font database, so those commands get a graphics
+    // application, on the offscreen platform unless another is chosen (no display is needed).
+    const bool graphics = std::any_of(argv + 1, argv + argc, [](const char *a) { return qstrcmp(a, "symbols") == 0; });
+    if (graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> application(graphics ? new QGuiApplication(argc, argv)
+                                                                 : new QCoreApplication(argc, argv));
+    QCoreApplication &app = *application;
     QCoreApplication::setApplicationVersion(QStringLiteral(KXCOMMON_VERSION));
     QTextStream out(stdout);
     registerRegistryCommands();
@@ -171,6 +181,7 @@ int main(int argc, char *argv[])
     registerKatsCommands();
     registerTenantCommands();
     registerImportCommands();
+    registerSymbolsCommands();
 
     CliContext context;
     context.database = qEnvironmentVariable("KXCOMMON_DB", defaultDatabase);
