@@ -1,0 +1,262 @@
+// The symbol pack unit: settings, image formats, the folder scan, the pack search and its
+// errors, and the pack format against damaged files.
+#include "symbolstest.h"
+
+#include "kxerror.h"
+
+#include <QRandomGenerator>
+#include <QtEndian>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST_F(SymbolsTest, SettingsAndImageFormats)
+{
+    const struct
+    {
+        const char *written; // nullptr: no value
+        TSymbolsSymbolType read;
+    } types[] = { { nullptr, stSystem }, { "1", stUserdefined }, { "2", stAll }, { "5", stSystem }, { "-1", stSystem } };
+    for (const auto &t : types) {
+        TCIniFile ini(cDatabaseIni);
+        ini.WriteString(u"Lagekarte"_s, u"SymbolType"_s, t.written ? QString::fromLatin1(t.written) : QString());
+        EXPECT_EQ(SymbolsSettings().SymbolType, t.read) << (t.written ? t.written : "none");
+    }
+    setting(u"SymbolPath"_s, u"  /daten/symbole  "_s);
+    EXPECT_EQ(SymbolsSettings().SymbolPath, u"/daten/symbole"_s);
+    QFile::remove(cDatabaseIni);
+    EXPECT_EQ(SymbolsSettings().SymbolPath, cApplicationPath + u"/Bitmaps/"_s);
+
+    EXPECT_EQ(FileExtByImageFormat(sifJpg), u".jpg"_s);
+    EXPECT_EQ(FileExtByImageFormat(sifTif), u".tif"_s);
+    EXPECT_EQ(FileExtByImageFormat(sifWmf), u".wmf"_s);
+    EXPECT_EQ(FileExtByImageFormat(sifUnknown), QString());
+    const TSymbolsImageFormat byType[] = { sifUnknown, sifWmf, sifJpg, sifBmp, sifEmf, sifUnknown, sifUnknown, sifUnknown };
+    for (int type = 0; type < 8; ++type)
+        EXPECT_EQ(SymbolsImageFormatOf(type), byType[type]) << type;
+    EXPECT_EQ(GetImageTypeByFileExt(u".JPEG"_s), litJpg);
+    EXPECT_EQ(GetImageTypeByFileExt(u".png"_s), litPng);
+    EXPECT_EQ(GetImageTypeByFileExt(u".jp"_s), litUnknown);
+}
+
+TEST_F(SymbolsTest, FolderScanKeepsItsRules)
+{
+    image(path(u"sym/b.bmp"_s));
+    image(path(u"sym/A.png"_s));
+    image(path(u"sym/Teil.jp"_s), Qt::green, "PNG");  // a partial extension passes the loose test
+    image(path(u"sym/____Vorlage.png"_s));
+    image(path(u"sym/Symbol.PNG"_s));
+    image(path(u"sym/Symbol.gif"_s), Qt::red, "PNG");
+    image(path(u"sym/ohneEndung"_s), Qt::red, "PNG");
+    image(path(u"sym/Fahrzeuge/LF.png"_s));
+    image(path(u"sym/Fahrzeuge/elw.png"_s));
+    image(path(u"sym/Fahrzeuge/Tief/X.png"_s)); // two levels down
+    image(path(u"sym/.versteckt/Y.png"_s));
+
+    TItemSymbolManager symbols;
+    TSymbolsPackIconManager().Load(&symbols, stUserdefined);
+    EXPECT_EQ(ids(symbols), (QStringList{ u"A.png"_s, u"b.bmp"_s, u"Teil.jp"_s, u"Fahrzeuge/elw.png"_s, u"Fahrzeuge/LF.png"_s }));
+    const struct
+    {
+        int index;
+        QString name, category;
+        TSymbolsImageFormat format;
+    } expected[] = {
+        { 0, u"A"_s, QString(), sifUnknown },
+        { 1, u"b"_s, QString(), sifBmp },
+        { 4, u"LF"_s, u"Fahrzeuge"_s, sifUnknown },
+    };
+    for (const auto &e : expected) {
+        auto *item = dynamic_cast<TItemSymbolFromFile *>(symbols.Item(e.index));
+        ASSERT_NE(item, nullptr);
+        EXPECT_EQ(item->Texts.Item(0).GetName(), e.name);
+        EXPECT_EQ(item->Texts.Item(0).GetCategory(), e.category);
+        EXPECT_EQ(item->GetImageFormat(), e.format);
+        EXPECT_EQ(item->FileName, path(u"sym/"_s) + item->Guid);
+        EXPECT_EQ(item->Graphic()->Image().pixelColor(0, 0), QColor(Qt::red));
+    }
+
+    // Written without a closing separator, the folder's own name is the category of its files.
+    setting(u"SymbolPath"_s, path(u"sym"_s));
+    TItemSymbolManager named;
+    TSymbolsPackIconManager().Load(&named, stUserdefined);
+    EXPECT_EQ(named.Item(0)->Texts.Item(0).GetCategory(), u"sym"_s);
+    EXPECT_EQ(named.Item(4)->Texts.Item(0).GetCategory(), u"Fahrzeuge"_s);
+
+    // A picture that does not decode stops the scan with its error.
+    QFile broken(path(u"sym/kaputt.png"_s));
+    broken.open(QIODevice::WriteOnly);
+    broken.write("kein Bild");
+    broken.close();
+    TItemSymbolManager failed;
+    try {
+        TSymbolsPackIconManager().Load(&failed, stUserdefined);
+        ADD_FAILURE() << "no error";
+    } catch (const kx::Error &e) {
+        EXPECT_TRUE(e.message().contains(u"kaputt.png"_s)) << e.message().toStdString();
+    }
+}
+
+TEST_F(SymbolsTest, PackSearchAndLoadErrors)
+{
+    image(path(u"sym/Eigen.png"_s));
+    const struct
+    {
+        const char *name;
+        QStringList packs; // where packs are, each with one symbol named after its place
+        TSymbolsSymbolType type;
+        QStringList ids;
+    } cases[] = {
+        { "application folder first", { u"app"_s, u"sym"_s, u"app/Bitmaps"_s }, stSystem, { u"app"_s } },
+        { "then the symbol folder", { u"sym"_s, u"app/Bitmaps"_s }, stSystem, { u"sym"_s } },
+        { "then the application's Bitmaps", { u"app/Bitmaps"_s }, stSystem, { u"app/Bitmaps"_s } },
+        { "folder symbols first, then the pack", { u"sym"_s }, stAll, { u"Eigen.png"_s, u"sym"_s } },
+        { "no pack: the folder symbols stay", {}, stAll, { u"Eigen.png"_s } },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        for (const QString &place : { u"app"_s, u"sym"_s, u"app/Bitmaps"_s })
+            QFile::remove(path(place + u"/symbols.pak"_s));
+        for (const QString &place : c.packs)
+            pack(path(place + u"/symbols.pak"_s), { { place, u"System"_s } });
+        TItemSymbolManager symbols;
+        TSymbolsPackIconManager().Load(&symbols, c.type);
+        EXPECT_EQ(ids(symbols), c.ids);
+        if (c.type == stSystem)
+            EXPECT_NE(dynamic_cast<TItemSymbol *>(symbols.Item(0)), nullptr);
+    }
+
+    // No pack anywhere: the system symbols are asked for, so the error names the first candidate.
+    TItemSymbolManager symbols;
+    try {
+        TSymbolsPackIconManager().Load(&symbols, stSystem);
+        ADD_FAILURE() << "no error";
+    } catch (const kx::Error &e) {
+        const QString candidate = cApplicationPath + u"/symbols.pak"_s;
+        QString reason;
+        try {
+            TItemSymbolManager().LoadFromFile(candidate);
+        } catch (const kx::Error &load) {
+            reason = load.message();
+        }
+        EXPECT_EQ(e.message(), u"Fehler beim Öffnen der Datei!\r\n"_s + candidate + u"\r\n\r\nFehlermeldung:\r\n"_s + reason);
+    }
+}
+
+TEST_F(SymbolsTest, PackRoundTripIsByteExact)
+{
+    TItemSymbolManager written;
+    const QByteArray jpeg = image(path(u"x.jpg"_s), Qt::yellow);
+    const struct
+    {
+        QString id;
+        int type;
+        QByteArray data;
+        QList<TTexts> texts;
+    } items[] = {
+        { u"{a1}"_s, litJpg, jpeg, {} },
+        { u"Löschfahrzeug ß"_s, litEmf, QByteArray("\x01\x00\x00\x00 emf", 9), {} },
+        { QString(), litUnknown, QByteArray(), {} },
+    };
+    for (const auto &i : items) {
+        auto *item = written.CreateItem();
+        item->Guid = i.id;
+        item->ImageType = i.type;
+        item->SetData(i.data);
+        written.AddItem(item);
+    }
+    TTexts german, english(u"en"_s);
+    german.SetName(u"Gerätewagen"_s);
+    german.SetCategory(u"Fahrzeuge/Größe"_s);
+    english.SetName(u"Equipment truck"_s);
+    english.SetCategory(u"Vehicles"_s);
+    written.Item(0)->Texts.Add(german);
+    written.Item(0)->Texts.Add(english);
+    const QString first = path(u"eins.pak"_s), second = path(u"zwei.pak"_s);
+    written.SaveToFile(first);
+
+    TItemSymbolManager read;
+    read.LoadFromFile(first);
+    ASSERT_EQ(read.Count(), 3);
+    for (int i = 0; i < 3; ++i) {
+        auto *item = dynamic_cast<TItemSymbol *>(read.Item(i));
+        ASSERT_NE(item, nullptr);
+        EXPECT_EQ(item->Guid, items[i].id);
+        EXPECT_EQ(item->ImageType, items[i].type);
+        EXPECT_EQ(item->Data(), items[i].data);
+    }
+    ASSERT_EQ(read.Item(0)->Texts.Count(), 2);
+    EXPECT_EQ(read.Item(0)->Texts.ByLanguage(u"en"_s)->GetName(), u"Equipment truck"_s);
+    EXPECT_EQ(read.Item(0)->Texts.ByLanguage(u"de"_s)->GetCategory(), u"Fahrzeuge/Größe"_s);
+    EXPECT_EQ(read.Item(0)->Graphic()->Image().pixelColor(1, 1).red(), 255);
+    EXPECT_EQ(static_cast<TItemSymbol *>(read.Item(1))->GetImageFormat(), sifEmf);
+    EXPECT_EQ(read.ItemByGuid(u"Löschfahrzeug ß"_s), read.Item(1));
+
+    auto *symbol = static_cast<TItemSymbol *>(read.Item(0));
+    symbol->SaveDataToFile(path(u"raus.jpg"_s));
+    EXPECT_EQ(symbol->SavedFileName(), path(u"raus.jpg"_s));
+    QFile out(path(u"raus.jpg"_s));
+    out.open(QIODevice::ReadOnly);
+    EXPECT_EQ(out.readAll(), jpeg);
+
+    read.SaveToFile(second);
+    QFile a(first), b(second);
+    a.open(QIODevice::ReadOnly);
+    b.open(QIODevice::ReadOnly);
+    EXPECT_EQ(a.readAll(), b.readAll());
+}
+
+TEST_F(SymbolsTest, DamagedPacksAreRefusedWithTheirReason)
+{
+    const QString good = path(u"gut.pak"_s);
+    pack(good, { { u"{eins}"_s, u"Fahrzeuge"_s }, { u"{zwei}"_s, u"Gefahren"_s } });
+    QFile in(good);
+    in.open(QIODevice::ReadOnly);
+    const QByteArray bytes = in.readAll();
+    const QString bad = path(u"schlecht.pak"_s);
+    const auto refusal = [&](const QByteArray &content) {
+        QFile out(bad);
+        out.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        out.write(content);
+        out.close();
+        TItemSymbolManager symbols;
+        try {
+            symbols.LoadFromFile(bad);
+        } catch (const kx::Error &e) {
+            EXPECT_EQ(symbols.Count(), 0);
+            return e.message();
+        }
+        return QString();
+    };
+
+    for (qsizetype length = 0; length < bytes.size(); ++length)
+        ASSERT_FALSE(refusal(bytes.left(length)).isEmpty()) << "truncated to " << length << " bytes";
+    EXPECT_EQ(refusal({}), u"Die Datei %1 ist keine Symboldatei."_s.arg(bad));
+
+    QByteArray patched = bytes;
+    qToLittleEndian<quint32>(0xFFFFFFFF, patched.data() + 12); // item count
+    EXPECT_TRUE(refusal(patched).contains(u"4294967295 Einträge"_s)) << refusal(patched).toStdString();
+    patched = bytes;
+    qToLittleEndian<quint32>(0x7FFFFFFF, patched.data() + 16); // index size
+    EXPECT_TRUE(refusal(patched).contains(u"Verzeichnis"_s));
+    patched = bytes;
+    // The first entry's data length sits after its identifier ("{eins}", 6 bytes), type and offset.
+    qToLittleEndian<quint32>(0xFFFFFFF0, patched.data() + 20 + 2 + 6 + 2 + 8);
+    EXPECT_EQ(refusal(patched), u"Die Symboldatei %1 ist beschädigt: die Bilddaten von Eintrag 1 liegen außerhalb der Datei."_s.arg(bad));
+    patched = bytes;
+    qToLittleEndian<quint16>(2, patched.data() + 8);
+    EXPECT_TRUE(refusal(patched).contains(u"Version 2"_s));
+
+    QRandomGenerator random(7);
+    for (int round = 0; round < 50; ++round) {
+        QByteArray noise(int(random.bounded(1, 400)), Qt::Uninitialized);
+        for (char &c : noise)
+            c = char(random.bounded(256));
+        if (round % 2)
+            noise.replace(0, 8, "KXSYMPAK"); // past the marker, into the counts
+        EXPECT_FALSE(refusal(noise).isEmpty()) << "round " << round;
+    }
+}
+
+} // namespace
