@@ -14,6 +14,15 @@
 // them; the globals point there for the test.
 class SymbolsTest : public ::testing::Test
 {
+public:
+    static QStringList ids(const TLumSheetItemManager &manager)
+    {
+        QStringList result;
+        for (int i = 0; i < manager.Count(); ++i)
+            result << manager.Item(i)->Guid;
+        return result;
+    }
+
 protected:
     void SetUp() override
     {
@@ -67,13 +76,6 @@ protected:
             symbols.AddItem(item);
         }
         symbols.SaveToFile(file);
-    }
-    static QStringList ids(const TLumSheetItemManager &manager)
-    {
-        QStringList result;
-        for (int i = 0; i < manager.Count(); ++i)
-            result << manager.Item(i)->Guid;
-        return result;
     }
 
     QTemporaryDir scratch;
