@@ -120,9 +120,16 @@ StreetDirectoryFacts address_GenerateDirectory(int postcodes, unsigned seed)
     }
 
     // Postcodes in ascending order; neighbouring postcodes share a town, as they do in a region.
+    // Postcodes the directory holds already keep their own rows and towns.
+    QSet<int> existing;
+    for (const auto &row : compSqlConnection->execute(u"select distinct PLZ from ORTE"_s).rows)
+        existing.insert(row.value(0).toInt());
     QSet<int> chosen;
-    while (chosen.size() < postcodes)
-        chosen.insert(1067 + random.below(99999 - 1067));
+    while (chosen.size() < postcodes) {
+        const int code = 1067 + random.below(99999 - 1067);
+        if (!existing.contains(code))
+            chosen.insert(code);
+    }
     QList<int> codes(chosen.begin(), chosen.end());
     std::sort(codes.begin(), codes.end());
 

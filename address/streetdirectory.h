@@ -6,6 +6,7 @@
 // by the project: German-sounding towns under Postcodes distinct five-digit postcodes, each
 // postcode with between 5 and 20 streets of a list of common German street names, about 12.5
 // streets per postcode on average. The same Seed gives the same directory on every product.
+// Postcodes already in the directory are not chosen.
 struct StreetDirectoryFacts
 {
     int postcodes = 0;

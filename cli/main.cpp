@@ -1,18 +1,19 @@
 // kxcommon: the package's functions on the command line, for scripts and other programs.
 #include "command.h"
 
+#include "globals.h"
 #include "kxerror.h"
 #include "sqlconnection.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
-#include <algorithm>
-#include <memory>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
+#include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -172,6 +173,7 @@ int main(int argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application(graphics ? new QGuiApplication(argc, argv)
                                                                  : new QCoreApplication(argc, argv));
     QCoreApplication &app = *application;
+    cApplicationPath = QCoreApplication::applicationDirPath(); // where the symbol pack is looked for
     QCoreApplication::setApplicationVersion(QStringLiteral(KXCOMMON_VERSION));
     QTextStream out(stdout);
     registerRegistryCommands();

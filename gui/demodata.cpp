@@ -2,6 +2,8 @@
 
 #include "dataaccess.h"
 #include "dispatchdata.h"
+#include "sqltool.h"
+#include "streetdirectory.h"
 #include "importcommonform.h"
 #include "tcfiledialog.h"
 
@@ -16,6 +18,22 @@
 #include "tenantdata.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// The sample streets of Musterstadt, house numbers for one of them, and a directory of a
+// thousand generated postcodes around them.
+void createDemoStreetDirectory()
+{
+    if (sqlGetValueInt(u"select count(*) from ORTE where ID like 'G1-%'"_s) > 0)
+        return;
+    dispatch_AddSampleData();
+    for (int number = 1; number <= 12; ++number)
+        dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Altstadt"_s, u"Am Markt"_s, {}, {}, {}, {}, QString::number(number) });
+    address_GenerateDirectory(1000);
+}
+
+} // namespace
 
 void createDemoData()
 {
@@ -35,6 +53,7 @@ void createDemoData()
     }
     if (!compSqlConnection->tableExists(u"ORTE"_s))
         dispatch_CreateTables();
+    createDemoStreetDirectory();
     tenants_SignInSampleUser();
 }
 

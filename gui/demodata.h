@@ -3,8 +3,9 @@
 #include <QString>
 
 // The demo data the windows show, created once per database: the system tables, the category
-// tree with the vehicle module and the ticks of one vehicle, the sample tenants; then the
-// sample user is signed in.
+// tree with the vehicle module and the ticks of one vehicle, the sample tenants, the street
+// directory (Musterstadt's streets and a thousand generated postcodes); then the sample user is
+// signed in.
 void createDemoData();
 
 class TImportCommonForm;

@@ -4,6 +4,16 @@
 #include "globals.h"
 #include "importcommonform.h"
 #include "vehiclemask.h"
+#include "addressmask.h"
+#include "frmselecticoncommon.h"
+#include "symbolsview.h"
+#include "uierrors.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include <QApplication>
 #include <QLabel>
@@ -27,6 +37,13 @@ HostWindow::HostWindow(const QString &database, QWidget *parent)
         std::unique_ptr<TImportCommonForm> form(createDemoImportForm(this));
         form->exec();
     });
+    forms->addAction(u"&Anschrift einer Person (PLZ, Ort, Straße) …"_s, this, [this] {
+        AddressMask mask(this);
+        mask.exec();
+    });
+    forms->addSeparator();
+    forms->addAction(u"Symbol aus&wählen …"_s, this, [this] { kx::showErrors([this] { chooseSymbol(); }); });
+    forms->addAction(u"Symbole der &Lagekarte …"_s, this, [this] { kx::showErrors([this] { showSymbols(); }); });
     forms->addSeparator();
     forms->addAction(u"&Beenden"_s, qApp, &QApplication::quit);
     auto *welcome = new QLabel(u"<h3>kxCommon</h3><p>Die Formulare und Rahmen des Pakets auf Beispieldaten.</p>"
@@ -39,4 +56,40 @@ HostWindow::HostWindow(const QString &database, QWidget *parent)
     setCentralWidget(welcome);
     statusBar()->showMessage(u"Datenbank: "_s + database);
     resize(560, 300);
+}
+
+void HostWindow::chooseSymbol()
+{
+    QString name;
+    TEvSymbolType type = evSymIsFromPak;
+    QLabel picture;
+    if (!TfrmSelectIconForm::SelectSymbol(this, name, type, &picture))
+        return;
+    QMessageBox box(QMessageBox::Information, u"Symbol auswählen"_s,
+                    (type == evSymIsFile ? u"Gewählt: die Datei %1"_s : u"Gewählt: das Symbol %1 der Symboldatei"_s).arg(name),
+                    QMessageBox::Ok, this);
+    box.setIconPixmap(picture.pixmap());
+    box.exec();
+}
+
+void HostWindow::showSymbols()
+{
+    QDialog dialog(this);
+    dialog.setWindowTitle(u"Symbole der Lagekarte"_s);
+    auto *language = new QComboBox(&dialog);
+    language->addItem(u"Deutsch"_s, u"de"_s);
+    language->addItem(u"English"_s, u"en"_s);
+    auto *view = new TSymbolsView(&dialog);
+    view->ApplyFilter(QString());
+    connect(language, &QComboBox::currentIndexChanged, view,
+            [view, language] { view->SetLanguageCode(language->currentData().toString()); });
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
+    buttons->button(QDialogButtonBox::Close)->setText(u"Schließen"_s);
+    connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto *layout = new QVBoxLayout(&dialog);
+    layout->addWidget(language);
+    layout->addWidget(view, 1);
+    layout->addWidget(buttons);
+    dialog.resize(520, 560);
+    dialog.exec();
 }

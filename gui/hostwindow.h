@@ -10,4 +10,10 @@ class HostWindow : public QMainWindow
 
 public:
     explicit HostWindow(const QString &database, QWidget *parent = nullptr);
+
+private:
+    // The icon selection, its choice shown with its picture.
+    void chooseSymbol();
+    // The symbols view in a window of its own, with the language of its texts to choose.
+    void showSymbols();
 };

@@ -1,6 +1,7 @@
 // kxcommon-gui: shows every form and frame of the package on demo data, as the suite's modules
 // embed them; with --screenshots it renders them into pictures instead.
 #include "demodata.h"
+#include "globals.h"
 #include "hostwindow.h"
 #include "kxerror.h"
 #include "screenshots.h"
@@ -26,6 +27,7 @@ int main(int argc, char *argv[])
     parser.addOption({ u"screenshots"_s, u"Schreibt jedes Formular als ORDNER/KLASSE.png und endet."_s, u"ORDNER"_s });
     parser.process(app);
     installWidgetHooks();
+    cApplicationPath = QCoreApplication::applicationDirPath(); // where the symbol pack is looked for
 
     const QString database = parser.value(u"db"_s);
     try {
@@ -42,7 +44,7 @@ int main(int argc, char *argv[])
         ~CloseConnection() { compSqlConnection->Close(); }
     } closeConnection;
     if (parser.isSet(u"screenshots"_s))
-        return renderScreenshots(parser.value(u"screenshots"_s)) == 3 ? 0 : 1;
+        return renderScreenshots(parser.value(u"screenshots"_s)) ? 0 : 1;
     HostWindow window(database);
     window.show();
     return app.exec();

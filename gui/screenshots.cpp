@@ -1,6 +1,10 @@
 #include "screenshots.h"
 
+#include "addressmask.h"
 #include "demodata.h"
+#include "frmplzortstrassecommon.h"
+#include "frmselecticoncommon.h"
+#include "symbolsview.h"
 #include "frmmandantencommon.h"
 #include "importcommonform.h"
 #include "katscommon.h"
@@ -11,6 +15,8 @@
 #include "vehiclemask.h"
 
 #include <QApplication>
+#include <QCompleter>
+#include <QLineEdit>
 #include <QDir>
 #include <QPainter>
 #include <QPixmap>
@@ -102,13 +108,60 @@ bool importForm(const QString &folder)
     return save(framed(form.get()), folder, u"TImportCommonForm"_s);
 }
 
+// The address frame in a person's mask, the postcode field entered and its pick list open.
+bool addressFrame(const QString &folder)
+{
+    AddressMask mask;
+    settle(&mask);
+    mask.activateWindow();
+    mask.Anschrift->Ort->setText(u"Musterstadt"_s);
+    mask.Anschrift->Plz->setFocus(); // fills the list: the postcodes of the town
+    mask.Anschrift->Plz->setFocus();
+    settle(&mask);
+    mask.Anschrift->Plz->ShowPickList();
+    QWidget *popup = mask.Anschrift->Plz->lineEdit()->completer()->popup();
+    settle(popup);
+    const QPixmap maskPicture = framed(&mask);
+    const QPixmap popupPicture = popup->grab();
+    // Below the postcode field, inside the framed picture (26 pixels of title, 1 of border).
+    const QPoint at = mask.mapFromGlobal(popup->mapToGlobal(QPoint(0, 0))) + QPoint(1, 26);
+    QPixmap picture(qMax(maskPicture.width(), at.x() + popupPicture.width() + 2),
+                    qMax(maskPicture.height(), at.y() + popupPicture.height() + 2));
+    picture.fill(QColor(0xE8, 0xE8, 0xE8));
+    QPainter painter(&picture);
+    painter.drawPixmap(0, 0, maskPicture);
+    painter.fillRect(QRect(at + QPoint(3, 3), popupPicture.size()), QColor(0, 0, 0, 50));
+    painter.drawPixmap(at, popupPicture);
+    painter.setPen(QColor(0x80, 0x80, 0x80));
+    painter.drawRect(QRect(at, popupPicture.size()).adjusted(-1, -1, 0, 0));
+    painter.end();
+    popup->hide();
+    return save(picture, folder, u"TfrmPlzOrtStrasse"_s);
+}
+
+// The icon selection with the vehicles and the hazards open, one vehicle selected.
+bool iconSelection(const QString &folder)
+{
+    TfrmSelectIconForm form;
+    TSymbolsView *view = form.fSymbolsView;
+    for (const QString &category : view->Categories())
+        view->SetCategoryExpanded(category, category == u"Fahrzeuge"_s || category == u"Gefahren"_s);
+    for (int i = 0; i < view->Manager()->Count(); ++i) {
+        TLumSheetItem *item = view->Manager()->Item(i);
+        if (item->Texts.ByLanguage(u"de"_s)->GetName() == u"HLF"_s)
+            view->SetSelectedItem(item);
+    }
+    settle(&form);
+    return save(framed(&form), folder, u"TfrmSelectIconForm"_s);
+}
+
 } // namespace
 
-int renderScreenshots(const QString &folder)
+bool renderScreenshots(const QString &folder)
 {
     QDir().mkpath(folder);
-    int written = 0;
-    for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm })
-        written += render(folder) ? 1 : 0;
+    bool written = true;
+    for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm, addressFrame, iconSelection })
+        written = render(folder) && written;
     return written;
 }

@@ -32,7 +32,8 @@ TCIniFile::TCIniFile(const QString &fileName)
     : m_fileName(fileName)
 {
     QFile file(fileName);
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    // No file configured reads as an empty one, like a file that is not there.
+    if (!fileName.isEmpty() && file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         QString text = QString::fromUtf8(file.readAll());
         if (text.startsWith(QChar(0xFEFF)))
             text.remove(0, 1);

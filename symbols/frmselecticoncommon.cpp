@@ -29,6 +29,7 @@ TfrmSelectIconForm::TfrmSelectIconForm(QWidget *parent)
     , dockPanel(new QWidget(this))
     , OkButton(new QPushButton(u"&OK"_s, this))
     , CancelButton(new QPushButton(u"&Abbrechen"_s, this))
+    , SelectionLabel(new QLabel(this))
     , fSymbolsView(nullptr)
 {
     setObjectName(u"frmSelectIconForm"_s);
@@ -38,7 +39,7 @@ TfrmSelectIconForm::TfrmSelectIconForm(QWidget *parent)
     OkButton->setDefault(true);
     CancelButton->setObjectName(u"CancelButton"_s);
     auto *buttons = new QHBoxLayout;
-    buttons->addStretch(1);
+    buttons->addWidget(SelectionLabel, 1);
     buttons->addWidget(OkButton);
     buttons->addWidget(CancelButton);
     auto *layout = new QVBoxLayout(this);
@@ -60,6 +61,11 @@ void TfrmSelectIconForm::FormCreate()
     panel->addWidget(fSymbolsView);
     fSymbolsView->SetButtonSize(64);
     connect(fSymbolsView, &TSymbolsView::DblClick, this, &TfrmSelectIconForm::fSymbolsViewDblClick);
+    connect(fSymbolsView, &TSymbolsView::SelectionChanged, this, [this] {
+        TLumSheetItem *item = fSymbolsView->SelectedItem();
+        SelectionLabel->setText(item ? u"Auswahl: %1 (%2)"_s.arg(fSymbolsView->NameOf(item), fSymbolsView->CategoryOf(item))
+                                     : QString());
+    });
     SortSymbolsByCategory(fSymbolsView->Manager(), fSymbolsView->LanguageCode());
     fSymbolsView->ApplyFilter(QString());
 }

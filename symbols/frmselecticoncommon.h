@@ -24,6 +24,7 @@ public:
     QWidget *dockPanel;
     QPushButton *OkButton;
     QPushButton *CancelButton;
+    QLabel *SelectionLabel; // the selected symbol's name and category
     TSymbolsView *fSymbolsView;
 
     void OkButtonClick();

@@ -61,11 +61,16 @@ TSymbolsView::TSymbolsView(QWidget *parent)
     m_sections->setContentsMargins(spacing, spacing, spacing, spacing);
     m_sections->setSpacing(spacing);
     m_group->setExclusive(true);
+    connect(m_group, &QButtonGroup::buttonToggled, this, [this](QAbstractButton *, bool checked) {
+        if (checked)
+            Q_EMIT SelectionChanged();
+    });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_filter);
     layout->addWidget(m_scroll, 1);
     connect(m_filter, &QLineEdit::textEdited, this, &TSymbolsView::ApplyFilter);
+    m_scroll->viewport()->installEventFilter(this); // the columns follow the visible width
 
     m_manager.Load(&m_manager);
 }
@@ -106,6 +111,18 @@ const TTexts *TSymbolsView::textsOf(TLumSheetItem *item) const
     return texts ? texts : (item->Texts.Count() > 0 ? &item->Texts.Item(0) : nullptr);
 }
 
+QString TSymbolsView::NameOf(TLumSheetItem *item) const
+{
+    const TTexts *texts = textsOf(item);
+    return texts ? texts->GetName() : item->Guid;
+}
+
+QString TSymbolsView::CategoryOf(TLumSheetItem *item) const
+{
+    const TTexts *texts = textsOf(item);
+    return texts ? texts->GetCategory() : QString();
+}
+
 void TSymbolsView::rebuild()
 {
     m_built = true;
@@ -125,9 +142,8 @@ void TSymbolsView::rebuild()
     QHash<QString, qsizetype> sectionOf;
     for (int i = 0; i < m_manager.Count(); ++i) {
         TLumSheetItem *item = m_manager.Item(i);
-        const TTexts *texts = textsOf(item);
-        const QString name = texts ? texts->GetName() : item->Guid;
-        const QString category = texts ? texts->GetCategory() : QString();
+        const QString name = NameOf(item);
+        const QString category = CategoryOf(item);
         if (!filter.isEmpty() && !name.contains(filter, Qt::CaseInsensitive)
             && !category.contains(filter, Qt::CaseInsensitive))
             continue;
@@ -190,12 +206,6 @@ void TSymbolsView::arrange()
     }
 }
 
-void TSymbolsView::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    arrange();
-}
-
 void TSymbolsView::SetCategoryExpanded(const QString &category, bool expanded)
 {
     m_collapsed[category] = !expanded;
@@ -230,6 +240,8 @@ QToolButton *TSymbolsView::ButtonOf(const TLumSheetItem *item) const
 
 bool TSymbolsView::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_scroll->viewport() && event->type() == QEvent::Resize)
+        arrange();
     if (event->type() == QEvent::MouseButtonDblClick) {
         if (auto *button = qobject_cast<QAbstractButton *>(watched); button && m_items.contains(button)) {
             button->setChecked(true);

@@ -44,12 +44,16 @@ public:
     // The button of a symbol, or nullptr when it is not shown.
     QToolButton *ButtonOf(const TLumSheetItem *item) const;
 
+    // The shown name and category of a symbol.
+    QString NameOf(TLumSheetItem *item) const;
+    QString CategoryOf(TLumSheetItem *item) const;
+
 Q_SIGNALS:
     void DblClick();
+    void SelectionChanged();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     const TTexts *textsOf(TLumSheetItem *item) const;

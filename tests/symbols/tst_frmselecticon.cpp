@@ -88,6 +88,8 @@ TEST_F(SelectIconTest, FormShowsTheSymbolsInTheirCategories)
     EXPECT_EQ(form.fSymbolsView->ButtonSize(), 64);
     EXPECT_EQ(form.fSymbolsView->Categories(), (QStringList{ u"Eigene"_s, u"Fahrzeuge"_s, u"Gefahren"_s }));
     EXPECT_EQ(button(&form, u"{lf}"_s)->size(), QSize(64, 64));
+    QTest::mouseClick(button(&form, u"{lf}"_s), Qt::LeftButton);
+    EXPECT_EQ(form.SelectionLabel->text(), u"Auswahl: {lf} (Fahrzeuge)"_s);
     form.fSymbolsView->ApplyFilter(u"gefahr"_s);
     EXPECT_EQ(form.fSymbolsView->Categories(), QStringList{ u"Gefahren"_s });
     EXPECT_EQ(button(&form, u"{lf}"_s), nullptr);
@@ -130,8 +132,9 @@ TEST_F(SelectIconTest, SelectSymbolHandsBackTheReference)
         EXPECT_EQ(name, c.name_);
         EXPECT_EQ(type, c.type);
         EXPECT_EQ(picture.pixmap().isNull(), !c.result);
-        if (c.result)
+        if (c.result) {
             EXPECT_EQ(picture.pixmap().toImage().pixelColor(0, 0), QColor(Qt::blue));
+        }
     }
 }
 
@@ -159,8 +162,9 @@ TEST_F(SelectIconTest, LoadSymbolReadsAStoredReference)
         picture.setPixmap(before);
         EXPECT_EQ(TfrmSelectIconForm::LoadSymbol(c.reference, c.type, &picture), c.result);
         EXPECT_EQ(!picture.pixmap().isNull(), c.picture);
-        if (c.result)
+        if (c.result) {
             EXPECT_EQ(picture.pixmap().toImage().pixelColor(0, 0), QColor(Qt::blue));
+        }
     }
 }
 
