@@ -170,6 +170,13 @@ int main(int argc, char *argv[])
     const bool graphics = std::any_of(argv + 1, argv + argc, [](const char *a) { return qstrcmp(a, "symbols") == 0; });
     if (graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Deliberate: without a desktop session the graphics application warns about a missing
+    // runtime folder it never needs here; that line would only confuse the command's output.
+    static const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+            if (!message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set"_s))
+                previous(type, context, message);
+        });
     const std::unique_ptr<QCoreApplication> application(graphics ? new QGuiApplication(argc, argv)
                                                                  : new QCoreApplication(argc, argv));
     QCoreApplication &app = *application;

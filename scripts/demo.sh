@@ -103,3 +103,11 @@ echo
 echo "(Mit Schlüsselfeld STRASSE und Schlüsselspalte 4 ändert ein zweiter Import die vorhandenen Zeilen, statt sie zu verdoppeln.)"
 printf '_Key1_=STRASSE.ORTE\r\n_Key2_=Spalte 4\r\n' >> "$work/orte.iDef"
 step --json import ORTE "$work/orte.csv" --def "$work/orte.iDef" --yes
+
+echo
+echo "--- Symbole der Lagekarte: eine Symboldatei aus Zeichnungen bauen, auflisten, ein Bild herausholen ---"
+symbols=$(cd "$(dirname "$0")/../examples/symbols" && pwd)
+step symbols pack "$symbols" "$work/symbols.pak"
+step symbols list "$work/symbols.pak"
+hlf=$("$kx" symbols list "$work/symbols.pak" 2>/dev/null | awk '$NF == "HLF" { print $1 }')
+step symbols extract "$work/symbols.pak" "$hlf" "$work/hlf.png"

@@ -93,5 +93,24 @@ run 1 "keine Spalten zugeordnet" import ORTE orte.csv --def fremd.iDef --yes
 run 0 '"rowsInserted": 1' --json import ORTE orte.csv --def orte.iDef --yes
 run 0 "Ortsteil: Innenstadt" district 64283 Darmstadt Rheinstr. # the search columns were filled
 
+# Symbols: a pack built from a folder, listed, unpacked; wrong calls and a damaged pack refused.
+mkdir -p symbole/Fahrzeuge
+printf '<svg xmlns="http://www.w3.org/2000/svg" width="32" height="16"><rect width="32" height="16" fill="red"/></svg>' \
+    > symbole/Fahrzeuge/LF.svg
+printf 'Fahrzeuge/LF.svg;Fire engine;Vehicles\n' > symbole/names.en.csv
+run 0 "1 Symbole, Sprachen de, en" symbols pack symbole s.pak --svg-size 40
+run 2 "8 bis 1024" symbols pack symbole s.pak --svg-size 4
+run 1 "gibt es nicht" symbols pack fehlt s.pak
+run 0 '"name": "Fire engine"' --json symbols list s.pak
+id=$(grep -o '"identifier": "[^"]*"' out | cut -d'"' -f4)
+run 0 "Fahrzeuge             LF" symbols list s.pak
+run 2 "nur für einen Symbolordner" symbols list s.pak --type user
+run 2 "system, user oder all" symbols list symbole --type alle
+run 0 "Bytes" symbols extract s.pak "$id" lf.png
+[ "$(head -c 4 lf.png | tail -c 3)" = PNG ] || { echo "FAIL: the extracted image is no PNG" >&2; failures=$((failures + 1)); }
+run 1 "gibt es in s.pak nicht" symbols extract s.pak "{fehlt}" x.png
+head -c 40 s.pak > kaputt.pak
+run 1 "ist beschädigt" symbols list kaputt.pak
+
 echo "$failures failures"
 [ "$failures" -eq 0 ]
