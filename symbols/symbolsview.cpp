@@ -123,6 +123,46 @@ QString TSymbolsView::CategoryOf(TLumSheetItem *item) const
     return texts ? texts->GetCategory() : QString();
 }
 
+TSymbolsView::Section TSymbolsView::makeSection(const QString &category)
+{
+    Section section{ category, new QToolButton(m_content), new QWidget(m_content), {} };
+    const bool open = !m_collapsed.value(category);
+    section.header->setObjectName(u"Kategorie "_s + category);
+    section.header->setCheckable(true);
+    section.header->setChecked(open);
+    section.header->setArrowType(open ? Qt::DownArrow : Qt::RightArrow);
+    section.header->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    section.header->setAutoRaise(true);
+    section.header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    section.body->setVisible(open);
+    auto *grid = new QGridLayout(section.body);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(spacing);
+    grid->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    connect(section.header, &QToolButton::toggled, this, [this, category](bool expanded) {
+        SetCategoryExpanded(category, expanded);
+    });
+    m_sections->addWidget(section.header);
+    m_sections->addWidget(section.body);
+    return section;
+}
+
+QToolButton *TSymbolsView::makeButton(TLumSheetItem *item, QWidget *parent)
+{
+    auto *button = new QToolButton(parent);
+    button->setObjectName(item->Guid);
+    button->setCheckable(true);
+    button->setAutoRaise(true);
+    button->setFixedSize(m_buttonSize, m_buttonSize);
+    button->setIconSize(QSize(m_buttonSize - 8, m_buttonSize - 8));
+    button->setIcon(symbolIcon(item, m_buttonSize - 8));
+    button->setToolTip(NameOf(item));
+    button->installEventFilter(this); // for the double click
+    m_group->addButton(button);
+    m_items.insert(button, item);
+    return button;
+}
+
 void TSymbolsView::rebuild()
 {
     m_built = true;
@@ -148,39 +188,12 @@ void TSymbolsView::rebuild()
             && !category.contains(filter, Qt::CaseInsensitive))
             continue;
         if (!sectionOf.contains(category)) {
-            Section section{ category, new QToolButton(m_content), new QWidget(m_content), {} };
-            section.header->setObjectName(u"Kategorie "_s + category);
-            section.header->setCheckable(true);
-            section.header->setChecked(!m_collapsed.value(category));
-            section.header->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-            section.header->setAutoRaise(true);
-            section.header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-            section.body->setVisible(section.header->isChecked());
-            section.header->setArrowType(section.header->isChecked() ? Qt::DownArrow : Qt::RightArrow);
-            auto *grid = new QGridLayout(section.body);
-            grid->setContentsMargins(0, 0, 0, 0);
-            grid->setSpacing(spacing);
-            grid->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-            connect(section.header, &QToolButton::toggled, this,
-                    [this, category](bool open) { SetCategoryExpanded(category, open); });
             sectionOf.insert(category, m_shown.size());
-            m_shown.append(section);
+            m_shown.append(makeSection(category));
             m_categoryOrder << category;
-            m_sections->addWidget(section.header);
-            m_sections->addWidget(section.body);
         }
         Section &section = m_shown[sectionOf.value(category)];
-        auto *button = new QToolButton(section.body);
-        button->setObjectName(item->Guid);
-        button->setCheckable(true);
-        button->setAutoRaise(true);
-        button->setFixedSize(m_buttonSize, m_buttonSize);
-        button->setIconSize(QSize(m_buttonSize - 8, m_buttonSize - 8));
-        button->setIcon(symbolIcon(item, m_buttonSize - 8));
-        button->setToolTip(name);
-        button->installEventFilter(this);
-        m_group->addButton(button);
-        m_items.insert(button, item);
+        QToolButton *button = makeButton(item, section.body);
         section.buttons << button;
         if (item == selected)
             button->setChecked(true);

@@ -68,6 +68,8 @@ private:
         QList<QToolButton *> buttons;
     };
     QList<Section> m_shown;
+    Section makeSection(const QString &category);
+    QToolButton *makeButton(TLumSheetItem *item, QWidget *parent);
 
     TSymbolsPackIconManager m_manager;
     QLineEdit *m_filter;
