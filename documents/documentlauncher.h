@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+// The desktop's "open" for links and files, behind an interface that tests replace. The codes
+// are those of the launch-error table of ToolsCommon: above 32 the launch succeeded; 2 the file
+// was not found, 3 the folder was not found, 31 no program is associated with it.
+class TDocumentLauncher
+{
+public:
+    virtual ~TDocumentLauncher() = default;
+    // Opens a link ("http://...", "mailto:...").
+    virtual int OpenLink(const QString &link) = 0;
+    // Opens a file with its default program; Directory is the working folder.
+    virtual int OpenFile(const QString &file, const QString &directory) = 0;
+};
+
+// The real launcher: QDesktopServices, which hands the link or file to the desktop's opener
+// (xdg-open). It needs a graphics application object.
+class TDesktopLauncher : public TDocumentLauncher
+{
+public:
+    int OpenLink(const QString &link) override;
+    int OpenFile(const QString &file, const QString &directory) override;
+};
+
+// The launcher in use (the desktop's unless replaced).
+TDocumentLauncher &documentLauncher();
+// Replaces the launcher; returns the previous one (nullptr restores the desktop's).
+std::unique_ptr<TDocumentLauncher> setDocumentLauncher(std::unique_ptr<TDocumentLauncher> launcher);
+
+// The success code a launcher returns (any value above 32 means success).
+inline constexpr int launchSucceeded = 42;

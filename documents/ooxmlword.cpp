@@ -1,0 +1,255 @@
+#include "ooxmlword.h"
+
+#include "documentlauncher.h"
+#include "globals.h"
+#include "kxerror.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+#include <quazip.h>
+#include <quazipfile.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString wordNamespace = u"http://schemas.openxmlformats.org/wordprocessingml/2006/main"_s;
+const QString documentPart = u"word/document.xml"_s;
+
+using ZipEntries = QList<std::pair<QString, QByteArray>>;
+
+ZipEntries readZip(const QString &file)
+{
+    QuaZip zip(file);
+    if (!zip.open(QuaZip::mdUnzip))
+        throw kx::Error(u"Die Vorlage %1 lässt sich nicht öffnen (kein Office-Open-XML-Dokument?)."_s.arg(file));
+    ZipEntries entries;
+    for (bool more = zip.goToFirstFile(); more; more = zip.goToNextFile()) {
+        QuaZipFile entry(&zip);
+        if (!entry.open(QIODevice::ReadOnly))
+            throw kx::Error(u"Die Vorlage %1 ist beschädigt: %2"_s.arg(file, zip.getCurrentFileName()));
+        entries.append({ zip.getCurrentFileName(), entry.readAll() });
+    }
+    return entries;
+}
+
+void writeZip(const QString &file, const ZipEntries &entries)
+{
+    QuaZip zip(file);
+    if (!zip.open(QuaZip::mdCreate))
+        throw kx::Error(u"Das Dokument %1 lässt sich nicht schreiben."_s.arg(file));
+    for (const auto &[name, data] : entries) {
+        QuaZipFile entry(&zip);
+        if (!entry.open(QIODevice::WriteOnly, QuaZipNewInfo(name)) || entry.write(data) != data.size())
+            throw kx::Error(u"Das Dokument %1 lässt sich nicht schreiben."_s.arg(file));
+        entry.close();
+    }
+    zip.close();
+}
+
+// Copies the reader's token with the prefixes as written: Qt's writer would give elements
+// prefixes of its own, which word processors do not all accept.
+void copyToken(const QXmlStreamReader &xml, QXmlStreamWriter &writer, QString &wordPrefix)
+{
+    if (xml.isStartDocument()) {
+        writer.writeStartDocument(xml.documentVersion().toString(), xml.isStandaloneDocument());
+    } else if (xml.isStartElement()) {
+        writer.writeStartElement(xml.qualifiedName().toString());
+        for (const QXmlStreamNamespaceDeclaration &ns : xml.namespaceDeclarations()) {
+            const QString prefix = ns.prefix().toString();
+            writer.writeAttribute(prefix.isEmpty() ? u"xmlns"_s : u"xmlns:"_s + prefix, ns.namespaceUri().toString());
+            if (ns.namespaceUri() == wordNamespace)
+                wordPrefix = prefix.isEmpty() ? QString() : prefix + u':';
+        }
+        for (const QXmlStreamAttribute &attribute : xml.attributes())
+            writer.writeAttribute(attribute.qualifiedName().toString(), attribute.value().toString());
+    } else if (xml.isEndElement()) {
+        writer.writeEndElement();
+    } else {
+        writer.writeCurrentToken(xml);
+    }
+}
+
+bool isWord(const QXmlStreamReader &xml, QLatin1StringView name)
+{
+    return xml.namespaceUri() == wordNamespace && xml.name() == name;
+}
+
+// One pass over the document part: collects the legacy form fields' names and shown texts, and
+// writes the part with the given results in place of the shown texts. A field's result goes
+// into a run of its own after the field's separator; the texts shown before are emptied.
+QByteArray formFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names, QStringList *shown)
+{
+    QXmlStreamReader xml(part);
+    QByteArray out;
+    QXmlStreamWriter writer(&out);
+    QString w = u"w:"_s; // the prefix the part gives the word-processing namespace
+    QList<int> fields; // per open complex field: its form field's index, or -1
+    bool inBegin = false, inText = false, injectAfterRun = false;
+    int resultField = -1;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && isWord(xml, "fldChar"_L1)) {
+            const auto type = xml.attributes().value(wordNamespace, u"fldCharType"_s);
+            if (type == u"begin"_s) {
+                fields.append(-1);
+                inBegin = true;
+            } else if (type == u"separate"_s && !fields.isEmpty() && fields.last() >= 0) {
+                resultField = fields.last();
+                injectAfterRun = results.contains(resultField);
+            } else if (type == u"end"_s && !fields.isEmpty()) {
+                fields.removeLast();
+                resultField = -1;
+            }
+        } else if (xml.isEndElement() && isWord(xml, "fldChar"_L1)) {
+            inBegin = false;
+        } else if (xml.isStartElement() && inBegin && isWord(xml, "name"_L1) && !fields.isEmpty()) {
+            fields.last() = int(names->size());
+            names->append(xml.attributes().value(wordNamespace, u"val"_s).toString());
+            shown->append(QString());
+        } else if (xml.isStartElement() && isWord(xml, "t"_L1)) {
+            inText = true;
+        } else if (xml.isEndElement() && isWord(xml, "t"_L1)) {
+            inText = false;
+        } else if (xml.isCharacters() && inText && resultField >= 0) {
+            if (results.contains(resultField))
+                continue; // the old shown text of a field that gets a result
+            (*shown)[resultField] += xml.text();
+        }
+        copyToken(xml, writer, w);
+        if (xml.isEndElement() && isWord(xml, "r"_L1) && injectAfterRun) {
+            injectAfterRun = false;
+            writer.writeStartElement(w + u"r"_s);
+            writer.writeStartElement(w + u"t"_s);
+            writer.writeAttribute(u"xml:space"_s, u"preserve"_s);
+            writer.writeCharacters(results.value(resultField));
+            writer.writeEndElement();
+            writer.writeEndElement();
+            (*shown)[resultField] = results.value(resultField);
+        }
+    }
+    if (xml.hasError())
+        throw kx::Error(u"Der Dokumentteil %1 ist kein gültiges XML: %2"_s.arg(documentPart, xml.errorString()));
+    return out;
+}
+
+QString suffixOf(const QString &file)
+{
+    return QFileInfo(file).suffix().toLower();
+}
+
+} // namespace
+
+class TOoxmlWordApplication::Document : public TWordDocument
+{
+public:
+    Document(const QString &templateFile, const QString &target)
+        : m_entries(readZip(templateFile))
+        , m_target(target)
+    {
+        QStringList shown;
+        formFields(part(), {}, &m_names, &shown);
+        // A template becomes a document: its main part's content type says so.
+        for (auto &[name, data] : m_entries)
+            if (name == u"[Content_Types].xml"_s)
+                data.replace("wordprocessingml.template.main+xml", "wordprocessingml.document.main+xml")
+                    .replace("ms-word.template.macroEnabledTemplate.main+xml", "ms-word.document.macroEnabled.main+xml");
+    }
+    int FormFieldsCount() const override { return int(m_names.size()); }
+    QString FormFieldName(int item) const override
+    {
+        if (item < 1 || item > m_names.size())
+            throw kx::Error(u"Das Formularfeld %1 gibt es nicht (das Dokument hat %2)."_s.arg(item).arg(m_names.size()));
+        return m_names.at(item - 1);
+    }
+    void SetFormFieldResult(int item, const QString &result) override
+    {
+        FormFieldName(item); // the same error for an item that is not there
+        m_results.insert(item - 1, result);
+    }
+    void save()
+    {
+        QStringList names, shown;
+        const QByteArray filled = formFields(part(), m_results, &names, &shown);
+        for (auto &[name, data] : m_entries)
+            if (name == documentPart)
+                data = filled;
+        writeZip(m_target, m_entries);
+    }
+    const QString &target() const { return m_target; }
+
+private:
+    QByteArray part() const
+    {
+        for (const auto &[name, data] : m_entries)
+            if (name == documentPart)
+                return data;
+        throw kx::Error(u"Der Vorlage fehlt der Dokumentteil %1."_s.arg(documentPart));
+    }
+    ZipEntries m_entries;
+    QString m_target;
+    QStringList m_names;
+    QHash<int, QString> m_results;
+};
+
+TOoxmlWordApplication::TOoxmlWordApplication() = default;
+TOoxmlWordApplication::~TOoxmlWordApplication() = default;
+
+bool TOoxmlWordApplication::CanFill(const QString &templateFile) const
+{
+    return QStringList{ u"docx"_s, u"dotx"_s, u"docm"_s, u"dotm"_s }.contains(suffixOf(templateFile));
+}
+
+void TOoxmlWordApplication::DocumentsAdd(const QString &templateFile)
+{
+    const QDir work(cWorkPath.isEmpty() ? QDir::currentPath() : cWorkPath);
+    const QString suffix = suffixOf(templateFile).endsWith(u'm') ? u"docm"_s : u"docx"_s;
+    const QString base = QFileInfo(templateFile).completeBaseName();
+    QString target;
+    for (int n = 1;; ++n) {
+        target = work.filePath(u"%1-%2.%3"_s.arg(base).arg(n).arg(suffix));
+        if (!QFileInfo::exists(target) && !Documents().contains(target))
+            break;
+    }
+    m_documents.push_back(std::make_unique<Document>(templateFile, target));
+}
+
+TWordDocument *TOoxmlWordApplication::ActiveDocument()
+{
+    return m_documents.empty() ? nullptr : m_documents.back().get();
+}
+
+void TOoxmlWordApplication::Release()
+{
+    for (const auto &document : m_documents) {
+        document->save();
+        const QFileInfo file(document->target());
+        documentLauncher().OpenFile(file.fileName(), file.absolutePath());
+    }
+}
+
+QStringList TOoxmlWordApplication::Documents() const
+{
+    QStringList paths;
+    for (const auto &document : m_documents)
+        paths << document->target();
+    return paths;
+}
+
+QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document)
+{
+    for (const auto &[name, data] : readZip(document)) {
+        if (name != documentPart)
+            continue;
+        QStringList names, shown;
+        formFields(data, {}, &names, &shown);
+        QList<std::pair<QString, QString>> fields;
+        for (qsizetype i = 0; i < names.size(); ++i)
+            fields.append({ names.at(i), shown.at(i) });
+        return fields;
+    }
+    throw kx::Error(u"Dem Dokument %1 fehlt der Dokumentteil %2."_s.arg(document, documentPart));
+}

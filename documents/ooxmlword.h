@@ -1,0 +1,34 @@
+#pragma once
+
+#include "wordautomation.h"
+
+#include <QList>
+#include <QStringList>
+#include <vector>
+
+// The word processor's object model over Office Open XML templates (.docx, .dotx, .docm, .dotm):
+// Documents.Add copies the template into a new document in the work folder, the form fields are
+// the template's legacy text form fields, and Result replaces a field's shown text. Release
+// writes the documents and opens each for the user through the document launcher. Binary
+// .doc/.dot templates cannot be filled: CanFill is false for them.
+class TOoxmlWordApplication : public TWordApplication
+{
+public:
+    TOoxmlWordApplication();
+    ~TOoxmlWordApplication() override;
+    bool CanFill(const QString &templateFile) const override;
+    void SetVisible(bool visible) override { m_visible = visible; }
+    void DocumentsAdd(const QString &templateFile) override;
+    TWordDocument *ActiveDocument() override;
+    void Release() override;
+    // The documents made, in order (written by Release).
+    QStringList Documents() const;
+
+private:
+    class Document;
+    std::vector<std::unique_ptr<Document>> m_documents;
+    bool m_visible = false;
+};
+
+// The legacy text form fields of a document, in document order: name and shown text.
+QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document);

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+// The word processor's object model as the merge drives it: the application, its documents
+// ("Documents.Add" of a template) and the active document's legacy form fields (1-based, as the
+// object model counts them).
+class TWordDocument
+{
+public:
+    virtual ~TWordDocument() = default;
+    virtual int FormFieldsCount() const = 0;
+    virtual QString FormFieldName(int item) const = 0;
+    virtual void SetFormFieldResult(int item, const QString &result) = 0;
+};
+
+class TWordApplication
+{
+public:
+    virtual ~TWordApplication() = default;
+    // False for a template this word processor cannot fill; the merge then does nothing.
+    virtual bool CanFill(const QString &templateFile) const = 0;
+    virtual void SetVisible(bool visible) = 0;
+    // A new document from the template, which becomes the active document.
+    virtual void DocumentsAdd(const QString &templateFile) = 0;
+    // The active document, or nullptr before the first DocumentsAdd.
+    virtual TWordDocument *ActiveDocument() = 0;
+    // Done with the application: the documents stay for the user ("open and visible").
+    virtual void Release() = 0;
+};
+
+// Makes the application object for a merge ("get the running one, else create one").
+using TWordApplicationFactory = std::function<std::unique_ptr<TWordApplication>()>;
+TWordApplicationFactory &wordApplicationFactory();

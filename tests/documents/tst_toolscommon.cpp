@@ -1,0 +1,292 @@
+// Launching documents and links, the hand-off to the main window, and the merge into templates,
+// on each product: the decisions through a recording launcher, the merge through a recording
+// word processor and through real .docx files.
+#include "documentlauncher.h"
+#include "globals.h"
+#include "kxerror.h"
+#include "ooxmlword.h"
+#include "sqlconnection.h"
+#include "systables.h"
+#include "testdatabase.h"
+#include "toolscommon.h"
+
+#include <QDir>
+#include <QFile>
+#include <QWidget>
+#include <quazip.h>
+#include <quazipfile.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Records what would have been opened and answers with a chosen code.
+class RecordingLauncher : public TDocumentLauncher
+{
+public:
+    explicit RecordingLauncher(QStringList &calls, int code)
+        : m_calls(calls)
+        , m_code(code)
+    {
+    }
+    int OpenLink(const QString &link) override
+    {
+        m_calls << u"link "_s + link;
+        return m_code;
+    }
+    int OpenFile(const QString &file, const QString &directory) override
+    {
+        m_calls << u"file "_s + QDir(directory).filePath(file);
+        return m_code;
+    }
+
+private:
+    QStringList &m_calls;
+    int m_code;
+};
+
+// The main program's window: reads "Open.Def" when the open-record event arrives.
+class MainWindow : public QWidget
+{
+public:
+    MainWindow() { setObjectName(u"MarvexMainForm"_s); }
+    QString request;
+
+protected:
+    bool event(QEvent *e) override
+    {
+        if (e->type() != TOpenRecordEvent::EventType)
+            return QWidget::event(e);
+        QFile file(QDir(cWorkPath).filePath(u"Open.Def"_s));
+        file.open(QIODevice::ReadOnly);
+        request = QString::fromUtf8(file.readAll());
+        return true;
+    }
+};
+
+// Records the object model calls of a merge; its documents have the form fields given.
+class RecordingWord : public TWordApplication, public TWordDocument
+{
+public:
+    RecordingWord(QStringList &calls, QStringList fields)
+        : m_calls(calls)
+        , m_fields(std::move(fields))
+    {
+    }
+    bool CanFill(const QString &) const override { return true; }
+    void SetVisible(bool visible) override { m_calls << u"Visible=%1"_s.arg(visible); }
+    void DocumentsAdd(const QString &templateFile) override { m_calls << u"Add "_s + QFileInfo(templateFile).fileName(); }
+    TWordDocument *ActiveDocument() override { return this; }
+    void Release() override { m_calls << u"Release"_s; }
+    int FormFieldsCount() const override { return int(m_fields.size()); }
+    QString FormFieldName(int item) const override { return m_fields.at(item - 1); }
+    void SetFormFieldResult(int item, const QString &result) override
+    {
+        m_calls << u"%1=%2"_s.arg(m_fields.at(item - 1), result);
+    }
+
+private:
+    QStringList &m_calls;
+    QStringList m_fields;
+};
+
+void writeFile(const QString &path, const QByteArray &content = "x")
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(content);
+}
+
+// A word-processor template with two legacy text form fields, "Name1" and "Ort1", each showing
+// five spaces, as a word processor saves them.
+void writeTemplate(const QString &path, const char *contentType)
+{
+    const QByteArray field = R"(<w:r><w:fldChar w:fldCharType="begin"><w:ffData><w:name w:val="%1"/><w:enabled/>)"
+                             R"(<w:textInput/></w:ffData></w:fldChar></w:r><w:r><w:instrText xml:space="preserve"> FORMTEXT )"
+                             R"(</w:instrText></w:r><w:r><w:fldChar w:fldCharType="separate"/></w:r><w:r><w:t>     </w:t></w:r>)"
+                             R"(<w:r><w:fldChar w:fldCharType="end"/></w:r>)";
+    const QByteArray document =
+        R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+        R"(<w:document xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"><w:body>)"
+        R"(<w:p><w:r><w:t xml:space="preserve">Sehr geehrte(r) </w:t></w:r>)"
+        + QByteArray(field).replace("%1", "Name1") + R"(</w:p><w:p><w:r><w:t>Wohnort: </w:t></w:r>)"
+        + QByteArray(field).replace("%1", "Ort1") + "</w:p></w:body></w:document>";
+    const QList<std::pair<QString, QByteArray>> entries = {
+        { u"[Content_Types].xml"_s,
+          R"(<?xml version="1.0" encoding="UTF-8"?><Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">)"
+          R"(<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>)"
+          R"(<Default Extension="xml" ContentType="application/xml"/><Override PartName="/word/document.xml" ContentType=")"
+              + QByteArray(contentType) + R"("/></Types>)" },
+        { u"_rels/.rels"_s,
+          R"(<?xml version="1.0" encoding="UTF-8"?><Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">)"
+          R"(<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/officeDocument" )"
+          R"(Target="word/document.xml"/></Relationships>)" },
+        { u"word/document.xml"_s, document },
+    };
+    QuaZip zip(path);
+    ASSERT_TRUE(zip.open(QuaZip::mdCreate));
+    for (const auto &[name, data] : entries) {
+        QuaZipFile entry(&zip);
+        ASSERT_TRUE(entry.open(QIODevice::WriteOnly, QuaZipNewInfo(name)));
+        entry.write(data);
+        entry.close();
+    }
+}
+
+QByteArray zipEntry(const QString &path, const QString &name)
+{
+    QuaZip zip(path);
+    zip.open(QuaZip::mdUnzip);
+    zip.setCurrentFile(name);
+    QuaZipFile entry(&zip);
+    entry.open(QIODevice::ReadOnly);
+    return entry.readAll();
+}
+
+class ToolsCommonTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        kxtest::DatabaseTest::SetUp();
+        if (IsSkipped() || HasFailure())
+            return;
+        docs = m_scratch.filePath(u"docs"_s);
+        QDir().mkpath(docs);
+        cSearchPathList = { m_scratch.filePath(u"leer"_s), docs };
+        launch(launchSucceeded);
+    }
+    void TearDown() override
+    {
+        setDocumentLauncher(nullptr);
+        wordApplicationFactory() = [] { return std::make_unique<TOoxmlWordApplication>(); };
+        cSearchPathList.clear();
+        kxtest::DatabaseTest::TearDown();
+    }
+    void launch(int code) { setDocumentLauncher(std::make_unique<RecordingLauncher>(calls, code)); }
+    // The error text raised, or empty.
+    static QString raised(const std::function<void()> &call)
+    {
+        try {
+            call();
+        } catch (const kx::Error &e) {
+            return e.message();
+        }
+        return QString();
+    }
+
+    QString docs;
+    QStringList calls;
+};
+
+TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
+{
+    writeFile(docs + u"/Bericht.pdf"_s);
+    writeFile(docs + u"/Lage.LDMV.bak"_s);
+    const QString notFound = u"Datei wurde nicht gefunden."_s;
+    const struct
+    {
+        const char *name;
+        QString file;
+        int code; // what the launcher answers
+        QStringList calls;
+        QString error; // with ShowError
+    } cases[] = {
+        { "a link without its scheme is a file name", u"www.feuerwehr-musterstadt.de"_s, launchSucceeded, {}, notFound },
+        { "a file found on the search path", u"Bericht.pdf"_s, launchSucceeded, { u"file "_s + docs + u"/Bericht.pdf"_s }, {} },
+        { "its launch is never reported", u"Bericht.pdf"_s, 31, { u"file "_s + docs + u"/Bericht.pdf"_s }, {} },
+        { "ftp: anywhere in the name, any case", u"Plan siehe fTp://server/plan.pdf"_s, launchSucceeded,
+          { u"link Plan siehe fTp://server/plan.pdf"_s }, {} },
+        { "a link's failure with its text", u"http://intranet/x"_s, 31, { u"link http://intranet/x"_s },
+          ShellExecuteErrorText(31) },
+        { "mail before the search path", u"MAILTO:wehrfuehrer@example.org"_s, 2, { u"link MAILTO:wehrfuehrer@example.org"_s },
+          notFound },
+        { "a missing situation-map file", u"fehlt.ldmv"_s, launchSucceeded, {}, notFound },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        launch(c.code);
+        calls.clear();
+        EXPECT_EQ(raised([&] { ShellExecuteAndSearchDokument(c.file, false); }), QString());
+        EXPECT_EQ(calls, c.calls);
+        EXPECT_EQ(raised([&] { ShellExecuteAndSearchDokument(c.file, true); }), c.error);
+    }
+
+    EXPECT_EQ(ShellExecuteErrorText(32), u"Ungültige dynamische Linkbibliothek (DLL).\n\rEine der DLLs, die benötigt wurde, "
+                                         u"um die Anwendung auszuführen, war beschädigt."_s);
+    EXPECT_EQ(ShellExecuteErrorText(26), ShellExecuteErrorText(5));
+    EXPECT_EQ(ShellExecuteErrorText(28), u"The DDE transaction could not be completed because the request timed out."_s);
+    EXPECT_EQ(ShellExecuteErrorText(99), u"Unbekannter Fehler (Fehlercode: 99)"_s);
+}
+
+TEST_F(ToolsCommonTest, SituationMapFilesGoToTheMainWindow)
+{
+    const QString map = docs + u"/Lage.LDMV.bak"_s; // a backup copy: ".LDMV" before a further extension
+    writeFile(map);
+    const QString request = QDir(cWorkPath).filePath(u"Open.Def"_s);
+    ShellExecuteAndSearchDokument(map, true); // no main window: nothing happens, silently
+    EXPECT_FALSE(QFile::exists(request));
+
+    MainWindow window;
+    ShellExecuteAndSearchDokument(map, true);
+    EXPECT_EQ(window.request, u"10010\n[LKFILE]"_s + map + u"\n"_s) << "read while the event was handled";
+    EXPECT_TRUE(calls.isEmpty());
+}
+
+TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
+{
+    alterOrCreateTable(systables::OfficeTableMapping(), compSqlConnection);
+    kxtest::exec(u"create table PERSONEN (ID varchar(10), NAME varchar(40), ORT varchar(40))"_s);
+    kxtest::exec(u"insert into PERSONEN (ID, NAME, ORT) values ('1', 'Müller & Söhne <GmbH>', 'Groß-Umstadt')"_s);
+    kxtest::exec(u"insert into PERSONEN (ID, NAME, ORT) values ('2', 'Schäfer', 'Dieburg')"_s);
+    kxtest::exec(u"insert into OfficeTableMapping (ID, TABLENAME, FIELDNAME, OFFICENAME) values ('a', 'PERSONEN', 'NAME', 'Name1')"_s);
+    kxtest::exec(u"insert into OfficeTableMapping (ID, TABLENAME, FIELDNAME, OFFICENAME) values ('b', 'PERSONEN', 'ORT', 'ORT1')"_s);
+    const QString sql = u"select NAME, ORT from PERSONEN order by ID"_s;
+    for (const char *name : { "Brief.DOTX", "Brief.docm", "Brief.dot", "Protokoll.pdf" })
+        writeFile(docs + u'/' + QString::fromLatin1(name));
+
+    const struct
+    {
+        const char *name;
+        QString file, sql;
+        QStringList calls;
+    } cases[] = {
+        { "a template per record", u"Brief.DOTX"_s, sql,
+          { u"Visible=1"_s, u"Add Brief.DOTX"_s, u"Name1=Müller & Söhne <GmbH>"_s, u"Ort1=Groß-Umstadt"_s, u"Visible=1"_s,
+            u"Add Brief.DOTX"_s, u"Name1=Schäfer"_s, u"Ort1=Dieburg"_s, u"Release"_s } },
+        { "no records, no document", u"Brief.docm"_s, u"select NAME, ORT from PERSONEN where 1=2"_s, { u"Release"_s } },
+        { "a template not on the search path", u"Fehlt.dotx"_s, sql, {} },
+        { "not a template: opened", u"Protokoll.pdf"_s, sql, { u"file "_s + docs + u"/Protokoll.pdf"_s } },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        calls.clear();
+        wordApplicationFactory() = [this] { return std::make_unique<RecordingWord>(calls, QStringList{ u"Name1"_s, u"Ort1"_s }); };
+        ShellExecuteAndSearchDokument(c.file, u"personen"_s, c.sql);
+        EXPECT_EQ(calls, c.calls);
+    }
+
+    // The real word processor: two documents from a real template, their fields holding the values.
+    wordApplicationFactory() = [] { return std::make_unique<TOoxmlWordApplication>(); };
+    writeTemplate(docs + u"/Brief.dotx"_s, "application/vnd.openxmlformats-officedocument.wordprocessingml.template.main+xml");
+    calls.clear();
+    ShellExecuteAndSearchDokument(u"Brief.dotx"_s, u"PERSONEN"_s, sql);
+    const QString first = QDir(cWorkPath).filePath(u"Brief-1.docx"_s), second = QDir(cWorkPath).filePath(u"Brief-2.docx"_s);
+    EXPECT_EQ(calls, (QStringList{ u"file "_s + first, u"file "_s + second }));
+    using Fields = QList<std::pair<QString, QString>>;
+    EXPECT_EQ(ooxmlFormFields(first), (Fields{ { u"Name1"_s, u"Müller & Söhne <GmbH>"_s }, { u"Ort1"_s, u"Groß-Umstadt"_s } }));
+    EXPECT_EQ(ooxmlFormFields(second), (Fields{ { u"Name1"_s, u"Schäfer"_s }, { u"Ort1"_s, u"Dieburg"_s } }));
+    EXPECT_TRUE(zipEntry(first, u"[Content_Types].xml"_s).contains("wordprocessingml.document.main+xml"));
+    EXPECT_TRUE(zipEntry(first, u"word/document.xml"_s).contains("Sehr geehrte(r) </w:t>"));
+
+    // A binary template cannot be filled here: one log line, no document.
+    calls.clear();
+    ShellExecuteAndSearchDokument(u"Brief.dot"_s, u"PERSONEN"_s, sql);
+    EXPECT_TRUE(calls.isEmpty());
+    QFile log(QDir(cWorkPath).filePath(u"kxcommon.log"_s));
+    log.open(QIODevice::ReadOnly);
+    EXPECT_TRUE(QString::fromUtf8(log.readAll()).contains(u"binäre Word-Datei"_s));
+}
+
+} // namespace
