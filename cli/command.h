@@ -66,6 +66,7 @@ void registerKatsCommands();
 void registerTenantCommands();
 void registerImportCommands();
 void registerSymbolsCommands();
+void registerDocumentCommands();
 
 // The options and positional arguments of a sub-command. "--name value" for the named valued
 // options, "--name" for the flags; everything else, and all after "--", is positional.

@@ -165,10 +165,14 @@ int fail(const CliContext &context, const QString &command, const QString &messa
 
 int main(int argc, char *argv[])
 {
-    // Symbols are images: SVG texts need a font database, so those commands get a graphics
-    // application, on the offscreen platform unless another is chosen (no display is needed).
-    const bool graphics = std::any_of(argv + 1, argv + argc, [](const char *a) { return qstrcmp(a, "symbols") == 0; });
-    if (graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    // Symbols are images (SVG texts need a font database) and documents are opened through the
+    // desktop's services: those commands get a graphics application, on the offscreen platform
+    // when there is no display and no platform is chosen.
+    const bool graphics = std::any_of(argv + 1, argv + argc, [](const char *a) {
+        return qstrcmp(a, "symbols") == 0 || qstrcmp(a, "open") == 0 || qstrcmp(a, "merge") == 0;
+    });
+    if (graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")
+        && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // Deliberate: without a desktop session the graphics application warns about a missing
     // runtime folder it never needs here; that line would only confuse the command's output.
@@ -191,6 +195,7 @@ int main(int argc, char *argv[])
     registerTenantCommands();
     registerImportCommands();
     registerSymbolsCommands();
+    registerDocumentCommands();
 
     CliContext context;
     context.database = qEnvironmentVariable("KXCOMMON_DB", defaultDatabase);

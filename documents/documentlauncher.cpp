@@ -3,7 +3,11 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QProcess>
 #include <QUrl>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,6 +17,16 @@ std::unique_ptr<TDocumentLauncher> &current()
     return launcher;
 }
 
+// Without a window system (the offscreen platform of the command line) Qt offers no desktop
+// services; the desktop's opener is then started directly, as Qt would start it.
+bool openThroughDesktop(const QUrl &url)
+{
+    const QString platform = QGuiApplication::platformName();
+    if (platform == u"offscreen"_s || platform == u"minimal"_s)
+        return QProcess::startDetached(u"xdg-open"_s, { url.toString() });
+    return QDesktopServices::openUrl(url);
+}
+
 } // namespace
 
 int TDesktopLauncher::OpenLink(const QString &link)
@@ -20,7 +34,7 @@ int TDesktopLauncher::OpenLink(const QString &link)
     const QUrl url(link.trimmed(), QUrl::TolerantMode);
     if (!url.isValid() || url.scheme().isEmpty())
         return 2;
-    return QDesktopServices::openUrl(url) ? launchSucceeded : 31;
+    return openThroughDesktop(url) ? launchSucceeded : 31;
 }
 
 int TDesktopLauncher::OpenFile(const QString &file, const QString &directory)
@@ -30,7 +44,7 @@ int TDesktopLauncher::OpenFile(const QString &file, const QString &directory)
     const QFileInfo target(directory.isEmpty() ? QDir::current() : QDir(directory), file);
     if (!target.exists())
         return 2;
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(target.absoluteFilePath())) ? launchSucceeded : 31;
+    return openThroughDesktop(QUrl::fromLocalFile(target.absoluteFilePath())) ? launchSucceeded : 31;
 }
 
 TDocumentLauncher &documentLauncher()

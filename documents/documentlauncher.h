@@ -17,7 +17,8 @@ public:
 };
 
 // The real launcher: QDesktopServices, which hands the link or file to the desktop's opener
-// (xdg-open). It needs a graphics application object.
+// (xdg-open); without a window system xdg-open is started directly. It needs a graphics
+// application object.
 class TDesktopLauncher : public TDocumentLauncher
 {
 public:

@@ -1,5 +1,6 @@
 // The command line as scripts use it: exit codes, text and JSON output, on each product.
 #include "testdatabase.h"
+#include "wordtemplate.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -25,6 +26,7 @@ protected:
         if (withDatabase)
             args = QStringList{ u"--db"_s, m_connectionString } + args;
         QProcess process;
+        process.setWorkingDirectory(m_scratch.path()); // documents are made in the working folder
         process.start(QString::fromUtf8(KX_CLI_PROGRAM), args);
         process.waitForFinished(60000);
         return { process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
@@ -297,6 +299,30 @@ TEST_F(CliTest, CategoriesAndTenantFragment)
     EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM"_s, u"--unrestricted"_s }).out, QString());
     EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM"_s }).exitCode, 2);
     EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"F'M"_s, u"--user"_s, u"demo"_s }).exitCode, 1);
+}
+
+TEST_F(CliTest, OpenAndMerge)
+{
+    const CliRun missing = invoke({ u"open"_s, u"fehlt.pdf"_s, u"--show-error"_s }, false);
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_TRUE(missing.err.contains(u"Datei wurde nicht gefunden."_s)) << missing.err.toStdString();
+    EXPECT_EQ(invoke({ u"open"_s, u"fehlt.pdf"_s }, false).exitCode, 0); // silent without --show-error
+
+    ASSERT_EQ(invoke({ u"sys"_s, u"init"_s }).exitCode, 0);
+    kxtest::exec(u"create table PERSONEN (ID varchar(10), NAME varchar(40), ORT varchar(40))"_s);
+    kxtest::exec(u"insert into PERSONEN (ID, NAME, ORT) values ('1', 'Weber', 'Reinheim')"_s);
+    kxtest::exec(u"insert into PERSONEN (ID, NAME, ORT) values ('2', 'Lang', 'Dieburg')"_s);
+    kxtest::exec(u"insert into OfficeTableMapping (ID, TABLENAME, FIELDNAME, OFFICENAME) values ('p1', 'PERSONEN', 'NAME', 'Name1')"_s);
+    const QString vorlagen = m_scratch.filePath(u"vorlagen"_s);
+    QDir().mkpath(vorlagen);
+    writeTemplate(vorlagen + u"/Brief.docx"_s, "application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml");
+    const CliRun merged = invoke({ u"--json"_s, u"merge"_s, u"Brief.docx"_s, u"PERSONEN"_s,
+                                   u"select NAME from PERSONEN order by ID"_s, u"--no-open"_s, u"--search-path"_s, vorlagen });
+    ASSERT_EQ(merged.exitCode, 0) << merged.err.toStdString();
+    const QJsonArray documents = QJsonDocument::fromJson(merged.out.toUtf8()).object()[u"documents"_s].toArray();
+    ASSERT_EQ(documents.size(), 2) << merged.out.toStdString();
+    EXPECT_EQ(documents[1].toString(), m_scratch.filePath(u"Brief-2.docx"_s));
+    EXPECT_TRUE(zipEntry(documents[1].toString(), u"word/document.xml"_s).contains(">Lang</w:t>"));
 }
 
 } // namespace
