@@ -30,21 +30,6 @@ namespace {
 
 constexpr int SubItemsRole = Qt::UserRole;
 
-QTreeWidget *reportList(QWidget *parent, const QString &name, const QStringList &columns, const QList<int> &widths)
-{
-    auto *list = new QTreeWidget(parent);
-    list->setObjectName(name);
-    list->setHeaderLabels(columns);
-    list->setRootIsDecorated(false);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list->setSelectionBehavior(QAbstractItemView::SelectRows);
-    list->setSelectionMode(QAbstractItemView::SingleSelection);
-    list->setAllColumnsShowFocus(true);
-    for (int i = 0; i < widths.size(); ++i)
-        list->setColumnWidth(i, widths[i]);
-    return list;
-}
-
 QPushButton *button(QWidget *parent, const QString &name, const QString &caption, const QString &hint)
 {
     auto *b = new QPushButton(caption, parent);
@@ -76,9 +61,9 @@ TImportCommonForm::TImportCommonForm(QWidget *owner)
     : QDialog(owner)
     , DatabaseListCaptionLabel(new QLabel(u"Felder Datenbank"_s, this))
     , ImportListCaptionLabel(new QLabel(u"zu Importierende Daten"_s, this))
-    , DatabaseColumnDefinitionList(reportList(this, u"DatabaseColumnDefinitionList"_s,
+    , DatabaseColumnDefinitionList(createReportList(this, u"DatabaseColumnDefinitionList"_s,
                                               { u"Datenfeld"_s, u"Zugeordnete Spalte"_s }, { 250, 150 }))
-    , ImportDefinitionList(reportList(this, u"ImportDefinitionList"_s, { u"Spalte"_s, u"Inhalt"_s }, { 60, 280 }))
+    , ImportDefinitionList(createReportList(this, u"ImportDefinitionList"_s, { u"Spalte"_s, u"Inhalt"_s }, { 60, 280 }))
     , AddRelationButton(button(this, u"AddRelationButton"_s, u"<<"_s, u"Spalte dem Datenfeld zuordnen"_s))
     , RemoveRelationButton(button(this, u"RemoveRelationButton"_s, u">>"_s, u"Zuordnung des Datenfelds entfernen"_s))
     , OpenFileButton(button(this, u"OpenFileButton"_s, u"Datei öffnen"_s, u"Datei öffnen"_s))

@@ -4,6 +4,7 @@
 #include <QProgressBar>
 #include <QTableView>
 #include <QTreeView>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -36,4 +37,19 @@ void setProgressBarBackgroundColor(QProgressBar *bar, const QColor &color)
     bar->setStyleSheet(u"QProgressBar { background-color: %1; border: 1px solid %2; border-radius: 2px; "
                        u"text-align: center; } QProgressBar::chunk { background-color: %3; }"_s
                            .arg(color.name(), color.darker(140).name(), themeColors().ProgressChunk.name()));
+}
+
+QTreeWidget *createReportList(QWidget *parent, const QString &name, const QStringList &columns, const QList<int> &widths)
+{
+    auto *list = new QTreeWidget(parent);
+    list->setObjectName(name);
+    list->setHeaderLabels(columns);
+    list->setRootIsDecorated(false);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    list->setAllColumnsShowFocus(true);
+    for (int i = 0; i < widths.size(); ++i)
+        list->setColumnWidth(i, widths[i]);
+    return list;
 }

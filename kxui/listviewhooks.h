@@ -2,8 +2,13 @@
 
 #include <QColor>
 
+#include <QList>
+#include <QStringList>
+
 class QAbstractItemView;
 class QProgressBar;
+class QTreeWidget;
+class QWidget;
 
 // The suite's theme colours for list headers and progress bars. Off by default: the widgets
 // keep the style's own colours.
@@ -21,3 +26,7 @@ TCThemeColors &themeColors();
 void RedrawHeader(QAbstractItemView *view);
 // Colours the bar's background (and its chunk in the theme's colour).
 void setProgressBarBackgroundColor(QProgressBar *bar, const QColor &color = themeColors().ProgressBackground);
+
+// A list view in report style: read-only rows with columns, whole-row single selection that stays
+// visible without focus.
+QTreeWidget *createReportList(QWidget *parent, const QString &name, const QStringList &columns, const QList<int> &widths);
