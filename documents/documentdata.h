@@ -1,0 +1,13 @@
+#pragma once
+
+#include "dataaccess.h"
+
+// The document table of a record kind ("Fahrzeug_Dokumente", "Mat_Dokumente", ...): a row per
+// document of a record, hanging on the record by IDPARENT. DOKUMENT holds the file's path, or
+// its content when the documents are stored in the database.
+TCTableDef documentTableDef(const QString &tableName);
+void documents_CreateTable(const QString &tableName);
+
+// Adds a document row naming a file; returns its ID.
+QString documents_Add(const QString &tableName, const QString &parentId, const QString &bezeichnung,
+                      const QString &dokument);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "docviewcommon.h"
+
+// The documents of a material ("Mat_Dokumente"), whose rows may hang on any of three parents.
+class TDocViewMatCommonForm : public TDocViewCommonForm
+{
+    Q_OBJECT
+
+public:
+    explicit TDocViewMatCommonForm(QWidget *parent = nullptr);
+
+    void ShowCommonDokuments(const QString &Id1, const QString &Id2, const QString &Id3);
+    int CountDokuments(const QString &Id1, const QString &Id2, const QString &Id3);
+};
+
+// Shows the material documents of the three parents modally.
+void ShowCommonMatDokuments(const QString &Id1, const QString &Id2, const QString &Id3);
+// The number of material documents on any of the three parents. Deliberate: an empty id is
+// compared like any other, so three empty ids count the rows without a parent.
+int CheckCommonMatDokuments(const QString &Id1, const QString &Id2, const QString &Id3);

@@ -1,0 +1,144 @@
+// The document lists on each product through their real widgets: the statements, the rows, the
+// count over three parents, and opening the chosen document.
+#include "docviewmatcommon.h"
+#include "documentdata.h"
+#include "documentlauncher.h"
+#include "globals.h"
+#include "sqlconnection.h"
+#include "testdatabase.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class OpenedFiles : public TDocumentLauncher
+{
+public:
+    explicit OpenedFiles(QStringList &opened)
+        : m_opened(opened)
+    {
+    }
+    int OpenLink(const QString &link) override { m_opened << link; return launchSucceeded; }
+    int OpenFile(const QString &file, const QString &directory) override
+    {
+        m_opened << QDir(directory).filePath(file);
+        return launchSucceeded;
+    }
+
+private:
+    QStringList &m_opened;
+};
+
+class DocViewTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        kxtest::DatabaseTest::SetUp();
+        if (IsSkipped() || HasFailure())
+            return;
+        setDocumentLauncher(std::make_unique<OpenedFiles>(opened));
+        cSearchPathList = { m_scratch.path() };
+        QFile(m_scratch.filePath(u"Fahrzeugbrief.pdf"_s)).open(QIODevice::WriteOnly);
+        documents_CreateTable(u"Fahrzeug_Dokumente"_s);
+        documents_Add(u"Fahrzeug_Dokumente"_s, u"FZ-1"_s, u"Zulassung"_s, u"Zulassung.pdf"_s);
+        documents_Add(u"Fahrzeug_Dokumente"_s, u"FZ-1"_s, u"Fahrzeugbrief"_s, u"Fahrzeugbrief.pdf"_s);
+        documents_Add(u"Fahrzeug_Dokumente"_s, u"FZ-2"_s, u"Prüfbericht"_s, u"Pruefung.pdf"_s);
+        documents_CreateTable(u"Mat_Dokumente"_s);
+        for (const auto &[parent, name] : { std::pair{ u"A"_s, u"Datenblatt"_s }, { u"B"_s, u"Prüfzeugnis"_s },
+                                            { u"C"_s, u"Rechnung"_s }, { QString(), u"Ohne Zuordnung 1"_s },
+                                            { QString(), u"Ohne Zuordnung 2"_s } })
+            documents_Add(u"Mat_Dokumente"_s, parent, name, name + u".pdf"_s);
+    }
+    void TearDown() override
+    {
+        setDocumentLauncher(nullptr);
+        cSearchPathList.clear();
+        kxtest::DatabaseTest::TearDown();
+    }
+    static QStringList rows(const QTreeWidget *list)
+    {
+        QStringList result;
+        for (int i = 0; i < list->topLevelItemCount(); ++i)
+            result << list->topLevelItem(i)->text(0) + u" | "_s + list->topLevelItem(i)->text(1);
+        return result;
+    }
+    QStringList opened;
+};
+
+TEST_F(DocViewTest, ListsTheDocumentsOfARecord)
+{
+    const struct
+    {
+        const char *name;
+        QString parent;
+        QStringList rows;
+    } cases[] = {
+        { "by name", u"FZ-1"_s, { u"Fahrzeugbrief | Fahrzeugbrief.pdf"_s, u"Zulassung | Zulassung.pdf"_s } },
+        { "a parent without documents", u"FZ-9"_s, {} },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        TDocViewCommonForm form;
+        kx::SqlTraceCapture trace;
+        form.ShowCommonDokuments(u"Fahrzeug_Dokumente"_s, c.parent);
+        EXPECT_EQ(trace.statements(),
+                  QStringList{ u"Select * from Fahrzeug_Dokumente Where idparent='%1'\nOrder by Bezeichnung"_s.arg(c.parent) });
+        EXPECT_EQ(rows(form.DocList), c.rows);
+        EXPECT_EQ(form.windowTitle(), u"Dokumente"_s);
+    }
+}
+
+TEST_F(DocViewTest, MaterialDocumentsOnThreeParents)
+{
+    TDocViewMatCommonForm form;
+    kx::SqlTraceCapture trace;
+    form.ShowCommonDokuments(u"A"_s, u"B"_s, u"X"_s);
+    EXPECT_EQ(trace.statements(), QStringList{ u"Select * from Mat_Dokumente\nWhere idParent='A'\nOr idParent='B'\n"
+                                               u"Or idParent='X'\nOrder By BEZEICHNUNG"_s });
+    EXPECT_EQ(rows(form.DocList), (QStringList{ u"Datenblatt | Datenblatt.pdf"_s, u"Prüfzeugnis | Prüfzeugnis.pdf"_s }));
+
+    trace.clear();
+    EXPECT_EQ(CheckCommonMatDokuments(u"A"_s, u"C"_s, u"X"_s), 2);
+    EXPECT_EQ(trace.statements(), QStringList{ u"Select Count(*) from Mat_Dokumente\nWhere idParent='A'\n"
+                                               u"Or idParent='C'\nOr idParent='X'"_s });
+    // Deliberate: empty ids compare with the empty parent.
+    EXPECT_EQ(CheckCommonMatDokuments({}, {}, {}), 2);
+}
+
+TEST_F(DocViewTest, OpeningTheChosenDocument)
+{
+    TDocViewCommonForm form;
+    form.ShowCommonDokuments(u"Fahrzeug_Dokumente"_s, u"FZ-1"_s);
+    form.show();
+    form.DoOpen->trigger(); // nothing selected
+    QTest::mouseDClick(form.DocList->viewport(), Qt::LeftButton, {}, QPoint(5, form.DocList->viewport()->height() - 3));
+    EXPECT_TRUE(opened.isEmpty());
+
+    const QRect first = form.DocList->visualItemRect(form.DocList->topLevelItem(0));
+    QTest::mouseClick(form.DocList->viewport(), Qt::LeftButton, {}, first.center());
+    QTest::mouseDClick(form.DocList->viewport(), Qt::LeftButton, {}, first.center());
+    EXPECT_EQ(opened, QStringList{ m_scratch.filePath(u"Fahrzeugbrief.pdf"_s) });
+    EXPECT_TRUE(form.isVisible()) << "the list stays open";
+
+    // The modal list of the free function, closed by its action.
+    bool listed = false;
+    QTimer::singleShot(0, [&listed] {
+        auto *shown = qobject_cast<TDocViewCommonForm *>(QApplication::activeModalWidget());
+        ASSERT_NE(shown, nullptr);
+        listed = shown->DocList->topLevelItemCount() == 1;
+        shown->DoClose->trigger();
+    });
+    ShowCommonDokuments(u"Fahrzeug_Dokumente"_s, u"FZ-2"_s);
+    EXPECT_TRUE(listed);
+}
+
+} // namespace
