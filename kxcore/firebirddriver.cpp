@@ -8,6 +8,7 @@
 #include "sqldriver.h"
 
 #include <QDateTime>
+#include <QIODevice>
 #include <QSet>
 #include <QThread>
 #include <ibase.h>
@@ -208,6 +209,90 @@ public:
 
     const SqlDialect &dialect() const override { return firebirdDialect(); }
 
+    // Firebird's own blobs: written segment by segment into a new blob, whose id the UPDATE then
+    // stores; read segment by segment from the id the SELECT returns. Each in one transaction.
+    void writeBlob(const BlobLocation &at, QIODevice &source) override
+    {
+        const QString sql = u"update %1 set %2=? where %3"_s.arg(at.table, at.column, at.where());
+        inTransaction(sql, [&](isc_tr_handle &transaction, isc_stmt_handle &statement) {
+            ISC_STATUS_ARRAY status;
+            isc_blob_handle blob = 0;
+            ISC_QUAD id{};
+            if (isc_create_blob2(status, &m_db, &transaction, &blob, &id, 0, nullptr))
+                fail(status, sql);
+            for (QByteArray chunk = source.read(segmentSize); !chunk.isEmpty(); chunk = source.read(segmentSize)) {
+                if (isc_put_segment(status, &blob, static_cast<unsigned short>(chunk.size()), chunk.constData())) {
+                    ISC_STATUS_ARRAY ignored;
+                    isc_cancel_blob(ignored, &blob);
+                    fail(status, sql);
+                }
+            }
+            if (isc_close_blob(status, &blob))
+                fail(status, sql);
+            OutputRow parameters(1);
+            const QByteArray text = sql.toUtf8();
+            if (isc_dsql_allocate_statement(status, &m_db, &statement)
+                || isc_dsql_prepare(status, &transaction, &statement, 0, text.constData(), SQL_DIALECT_V6, nullptr)
+                || isc_dsql_describe_bind(status, &statement, SQL_DIALECT_V6, parameters.sqlda()))
+                fail(status, sql);
+            short notNull = 0;
+            XSQLVAR &var = parameters.sqlda()->sqlvar[0];
+            var.sqltype = SQL_BLOB | 1;
+            var.sqldata = reinterpret_cast<char *>(&id);
+            var.sqlind = &notNull;
+            if (isc_dsql_execute(status, &transaction, &statement, SQL_DIALECT_V6, parameters.sqlda()))
+                fail(status, sql);
+            if (rowsAffected(statement) != 1)
+                throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table), sql);
+        });
+    }
+
+    bool readBlob(const BlobLocation &at, QIODevice &target) override
+    {
+        const QString sql = u"select %1 from %2 where %3"_s.arg(at.column, at.table, at.where());
+        bool found = false;
+        inTransaction(sql, [&](isc_tr_handle &transaction, isc_stmt_handle &statement) {
+            ISC_STATUS_ARRAY status;
+            OutputRow row(1);
+            const QByteArray text = sql.toUtf8();
+            if (isc_dsql_allocate_statement(status, &m_db, &statement)
+                || isc_dsql_prepare(status, &transaction, &statement, 0, text.constData(), SQL_DIALECT_V6, row.sqlda()))
+                fail(status, sql);
+            row.bind();
+            if (isc_dsql_execute(status, &transaction, &statement, SQL_DIALECT_V6, nullptr))
+                fail(status, sql);
+            const XSQLVAR &var = row.sqlda()->sqlvar[0];
+            if (isc_dsql_fetch(status, &statement, SQL_DIALECT_V6, row.sqlda()) != 0 || *var.sqlind < 0)
+                return;
+            if ((var.sqltype & ~1) != SQL_BLOB)
+                throw DatabaseError(u"SQL-Fehler: %1.%2 ist kein Blob."_s.arg(at.table, at.column), sql);
+            ISC_QUAD id = read<ISC_QUAD>(var.sqldata);
+            isc_blob_handle blob = 0;
+            if (isc_open_blob2(status, &m_db, &transaction, &blob, &id, 0, nullptr))
+                fail(status, sql);
+            char segment[segmentSize];
+            unsigned short length = 0;
+            for (;;) {
+                const ISC_STATUS rc = isc_get_segment(status, &blob, &length, sizeof segment, segment);
+                if (rc != 0 && status[1] != isc_segment)
+                    break;
+                if (target.write(segment, length) != length) {
+                    ISC_STATUS_ARRAY ignored;
+                    isc_close_blob(ignored, &blob);
+                    throw DatabaseError(u"SQL-Fehler: %1.%2 lässt sich nicht schreiben: %3"_s
+                                            .arg(at.table, at.column, target.errorString()), sql);
+                }
+            }
+            const bool ended = status[1] == isc_segstr_eof;
+            ISC_STATUS_ARRAY closing;
+            isc_close_blob(closing, &blob);
+            if (!ended)
+                fail(status, sql);
+            found = true;
+        });
+        return found;
+    }
+
 private:
     static constexpr int conflictAttempts = 5;
     static constexpr char autocommitTpb[] = { isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed,
@@ -223,7 +308,12 @@ private:
         throw DatabaseError(message, sql, native);
     }
 
-    SqlResult executeOnce(const QString &sql)
+    static constexpr unsigned short segmentSize = 32768;
+
+    // Runs Work in a transaction of its own with a statement handle, committed when it returns
+    // and rolled back when it throws.
+    template<class Work>
+    void inTransaction(const QString &sql, Work &&work)
     {
         if (!m_db)
             throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
@@ -233,11 +323,11 @@ private:
             fail(status, sql);
         isc_stmt_handle statement = 0;
         try {
-            SqlResult result = run(sql, transaction, statement);
-            isc_dsql_free_statement(status, &statement, DSQL_drop);
+            work(transaction, statement);
+            if (statement)
+                isc_dsql_free_statement(status, &statement, DSQL_drop);
             if (isc_commit_transaction(status, &transaction))
                 fail(status, sql);
-            return result;
         } catch (...) {
             ISC_STATUS_ARRAY ignored;
             if (statement)
@@ -247,6 +337,16 @@ private:
             throw;
         }
     }
+
+    SqlResult executeOnce(const QString &sql)
+    {
+        SqlResult result;
+        inTransaction(sql, [&](isc_tr_handle &transaction, isc_stmt_handle &statement) {
+            result = run(sql, transaction, statement);
+        });
+        return result;
+    }
+
 
 
     // The lock table and the name's row, made by whichever connection needs them first.

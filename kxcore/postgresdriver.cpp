@@ -5,6 +5,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QIODevice>
 #include <libpq-fe.h>
 
 using namespace Qt::StringLiterals;
@@ -87,6 +88,17 @@ public:
         return result;
     }
 
+    // The result of a parameterised statement; throws (and frees it) when it failed.
+    static PGresult *check(PGresult *res, const QByteArray &sql)
+    {
+        const ExecStatusType status = PQresultStatus(res);
+        if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK)
+            return res;
+        const QString native = QString::fromUtf8(PQresultErrorMessage(res)).trimmed();
+        PQclear(res);
+        throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, QString::fromUtf8(sql)), QString::fromUtf8(sql), native);
+    }
+
     void close() override
     {
         if (m_conn) {
@@ -96,6 +108,50 @@ public:
     }
 
     const SqlDialect &dialect() const override { return postgresDialect(); }
+
+    // The value is emptied, then each piece appended as a binary parameter, in one transaction;
+    // reading takes it back piece by piece in binary result format.
+    void writeBlob(const BlobLocation &at, QIODevice &source) override
+    {
+        execute(u"BEGIN"_s);
+        try {
+            if (execute(u"update %1 set %2=''::bytea where %3"_s.arg(at.table, at.column, at.where())).rowsAffected != 1)
+                throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
+            const QByteArray append = u"update %1 set %2=%2 || $1 where %3"_s.arg(at.table, at.column, at.where()).toUtf8();
+            for (QByteArray chunk = source.read(blobChunk); !chunk.isEmpty(); chunk = source.read(blobChunk)) {
+                const char *values[] = { chunk.constData() };
+                const int lengths[] = { int(chunk.size()) };
+                const int formats[] = { 1 };
+                const Oid types[] = { PgBytea };
+                PQclear(check(PQexecParams(m_conn, append.constData(), 1, types, values, lengths, formats, 0), append));
+            }
+            execute(u"COMMIT"_s);
+        } catch (...) {
+            PQclear(PQexec(m_conn, "ROLLBACK"));
+            throw;
+        }
+    }
+
+    bool readBlob(const BlobLocation &at, QIODevice &target) override
+    {
+        const SqlResult found = execute(u"select octet_length(%1) from %2 where %3"_s.arg(at.column, at.table, at.where()));
+        if (found.rows.empty() || found.rows.front().value(0).isNull())
+            return false;
+        const qint64 size = found.rows.front().value(0).toLongLong();
+        const QByteArray piece = u"select substring(%1 from $1::int for $2::int) from %2 where %3"_s
+                                     .arg(at.column, at.table, at.where()).toUtf8();
+        for (qint64 offset = 0; offset < size; offset += blobChunk) {
+            const QByteArray from = QByteArray::number(offset + 1), count = QByteArray::number(blobChunk);
+            const char *values[] = { from.constData(), count.constData() };
+            PGresult *res = check(PQexecParams(m_conn, piece.constData(), 2, nullptr, values, nullptr, nullptr, 1), piece);
+            const int length = PQntuples(res) == 1 ? PQgetlength(res, 0, 0) : 0;
+            const bool written = target.write(PQgetvalue(res, 0, 0), length) == length;
+            PQclear(res);
+            if (!written)
+                throw DatabaseError(u"SQL-Fehler: %1.%2 lässt sich nicht schreiben: %3"_s.arg(at.table, at.column, target.errorString()));
+        }
+        return true;
+    }
 
     // A session advisory lock: held across the statements, each of which still commits on its
     // own; the server releases it when the connection ends. A deadlock it detects is retried.

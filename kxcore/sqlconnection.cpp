@@ -113,6 +113,27 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     return m_driver->execute(dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement);
 }
 
+QString kx::BlobLocation::where() const
+{
+    return keyColumn + u"='"_s + QString(key).replace(u'\'', u"''"_s) + u'\'';
+}
+
+void TCSqlConnection::writeBlob(const kx::BlobLocation &at, QIODevice &source)
+{
+    Q_EMIT statementExecuted(u"update %1 set %2=<Binärdaten> where %3"_s.arg(at.table, at.column, at.where()));
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    m_driver->writeBlob(at, source);
+}
+
+bool TCSqlConnection::readBlob(const kx::BlobLocation &at, QIODevice &target)
+{
+    Q_EMIT statementExecuted(u"select %1 from %2 where %3"_s.arg(at.column, at.table, at.where()));
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    return m_driver->readBlob(at, target);
+}
+
 void TCSqlConnection::lock(const QString &name)
 {
     if (!m_driver)

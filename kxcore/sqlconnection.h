@@ -28,6 +28,10 @@ public:
 
     // Runs one statement; throws kx::DatabaseError (no connection, a refused or failing statement).
     kx::SqlResult execute(const QString &sql);
+    // Streams a binary value into or out of a row's column (see kx::SqlDriver); the trace sees
+    // the statement with "<Binärdaten>" in place of the bytes.
+    void writeBlob(const kx::BlobLocation &at, QIODevice &source);
+    bool readBlob(const kx::BlobLocation &at, QIODevice &target);
 
     // The named lock of the database (see kx::SqlLock); nested calls count, the outermost
     // release frees it.

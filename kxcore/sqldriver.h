@@ -6,7 +6,17 @@
 #include <QStringList>
 #include <memory>
 
+class QIODevice;
+
 namespace kx {
+
+// Where a binary value lives: Column of the one row of Table whose KeyColumn holds Key.
+struct BlobLocation
+{
+    QString table, column, keyColumn, key;
+    // The condition of the row, the key quoted.
+    QString where() const;
+};
 
 class SqlDialect;
 
@@ -26,7 +36,17 @@ public:
     // lock cannot be had after a bounded number of tries.
     virtual void acquireLock(const QString &name) = 0;
     virtual void releaseLock() = 0;
+
+    // Streams Source, from its position to its end, into the location in pieces, in one
+    // transaction, never through a statement's text; the row must exist. Throws DatabaseError.
+    virtual void writeBlob(const BlobLocation &at, QIODevice &source) = 0;
+    // Streams the location's value into Target in pieces; false when there is no such row or the
+    // value is null.
+    virtual bool readBlob(const BlobLocation &at, QIODevice &target) = 0;
 };
+
+// The size of the pieces a blob is streamed in.
+inline constexpr qint64 blobChunk = 1 << 20;
 
 // A 64-bit key for a lock name, the same in every process.
 qint64 lockKey(const QString &name);

@@ -5,6 +5,8 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QIODevice>
+#include <limits>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +80,62 @@ public:
     }
 
     const SqlDialect &dialect() const override { return sqliteDialect(); }
+
+    // SQLite's incremental blob I/O: the value is sized with zeroblob, then written in place.
+    void writeBlob(const BlobLocation &at, QIODevice &source) override
+    {
+        const qint64 size = source.size() - source.pos();
+        if (size > std::numeric_limits<int>::max())
+            throw DatabaseError(u"SQL-Fehler: %1 Bytes sind zu viel für einen SQLite-Wert (höchstens 2 GB)."_s.arg(size));
+        execute(u"BEGIN IMMEDIATE"_s);
+        sqlite3_blob *blob = nullptr;
+        try {
+            if (execute(u"update %1 set %2=zeroblob(%3) where %4"_s.arg(at.table, at.column).arg(size).arg(at.where()))
+                    .rowsAffected != 1)
+                throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
+            const qint64 rowid = execute(u"select rowid from %1 where %2"_s.arg(at.table, at.where())).rows.front().value(0).toLongLong();
+            if (sqlite3_blob_open(m_db, "main", at.table.toUtf8().constData(), at.column.toUtf8().constData(), rowid, 1, &blob)
+                != SQLITE_OK)
+                throw failure(at.table + u'.' + at.column);
+            for (qint64 offset = 0; offset < size;) {
+                const QByteArray chunk = source.read(std::min(blobChunk, size - offset));
+                if (chunk.isEmpty() || sqlite3_blob_write(blob, chunk.constData(), int(chunk.size()), int(offset)) != SQLITE_OK)
+                    throw failure(at.table + u'.' + at.column);
+                offset += chunk.size();
+            }
+            sqlite3_blob_close(blob);
+            execute(u"COMMIT"_s);
+        } catch (...) {
+            sqlite3_blob_close(blob);
+            sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+            throw;
+        }
+    }
+
+    bool readBlob(const BlobLocation &at, QIODevice &target) override
+    {
+        const SqlResult found = execute(u"select rowid, typeof(%1) from %2 where %3"_s.arg(at.column, at.table, at.where()));
+        if (found.rows.empty() || found.rows.front().value(1).toString() == u"null"_s)
+            return false;
+        sqlite3_blob *blob = nullptr;
+        if (sqlite3_blob_open(m_db, "main", at.table.toUtf8().constData(), at.column.toUtf8().constData(),
+                              found.rows.front().value(0).toLongLong(), 0, &blob)
+            != SQLITE_OK)
+            throw failure(at.table + u'.' + at.column);
+        const int size = sqlite3_blob_bytes(blob);
+        QByteArray chunk;
+        for (int offset = 0; offset < size; offset += int(chunk.size())) {
+            chunk.resize(std::min<qint64>(blobChunk, size - offset));
+            if (sqlite3_blob_read(blob, chunk.data(), int(chunk.size()), offset) != SQLITE_OK
+                || target.write(chunk) != chunk.size()) {
+                sqlite3_blob_close(blob);
+                throw DatabaseError(u"SQL-Fehler: %1.%2 lässt sich nicht lesen oder schreiben: %3"_s
+                                        .arg(at.table, at.column, target.errorString()));
+            }
+        }
+        sqlite3_blob_close(blob);
+        return true;
+    }
 
     // The database's one write lock serves every name: BEGIN IMMEDIATE waits (busy timeout) while
     // another connection writes, and the statements up to the release commit together.

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+// File contents stored in the database: the content of a binary field of a row lives in the
+// system table "BinaryData" (IDPARENT = the row's ID, TABLEPARENT = its table, DATAFILTER = the
+// field, DATAFILENAME = the file's name, DATAMD5, DATA), streamed in and out in pieces on every
+// product, so that its size is not limited by a statement's text.
+
+// Stores the file as the field's content, replacing an earlier one; returns the file's name.
+// Raises kx::Error when the file cannot be read, kx::DatabaseError when the database refuses.
+QString SaveBinaryData(const QString &Id, const QString &TableName, const QString &FieldName, const QString &FilePath);
+
+// Writes the field's content of the row into Folder under its file's name and returns the
+// file's path; empty when the row has no content stored (nothing is written then).
+QString ExtractBinaryData(const QString &Id, const QString &TableName, const QString &FieldName, const QString &Folder);
