@@ -34,7 +34,9 @@ bool TCFileDialog::Execute()
                        FileName.isEmpty() ? QString() : proposed.absolutePath());
     prepareFileDialog(dialog);
     dialog.setAcceptMode(m_kind == Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    dialog.setFileMode(m_kind == Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setFileMode(m_kind == Save ? QFileDialog::AnyFile
+                       : MultiSelect  ? QFileDialog::ExistingFiles
+                                      : QFileDialog::ExistingFile);
     dialog.setNameFilters(nameFilters(Filter));
     dialog.setDefaultSuffix(DefaultExt);
     if (!FileName.isEmpty())
@@ -45,7 +47,8 @@ bool TCFileDialog::Execute()
     m_dialog = &dialog;
     const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     m_dialog = nullptr;
+    Files = chosen ? dialog.selectedFiles() : QStringList();
     if (chosen)
-        FileName = dialog.selectedFiles().constFirst();
+        FileName = Files.constFirst();
     return chosen;
 }

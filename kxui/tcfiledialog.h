@@ -22,6 +22,8 @@ public:
     QString DefaultExt; // added to a name typed without extension, e.g. "iDef"
     QString Filter;     // "Beschreibung|*.ext|Beschreibung|*.a;*.b" pairs
     QString FileName;   // the proposed name before Execute, the chosen one after it
+    bool MultiSelect = false; // open: several files may be chosen
+    QStringList Files;        // every chosen file after Execute
 
     bool Execute();
     // The dialog while Execute runs (for a host or a test that drives it), else nullptr.

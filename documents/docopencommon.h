@@ -1,0 +1,23 @@
+#pragma once
+
+#include "docbrowser.h"
+
+class TCFileDialog;
+
+// "Dokument hinzufügen": an existing file below the search paths; "Öffnen" or a double click
+// confirms the selected entry of the list.
+class TDocOpenCommonForm : public TDocBrowserForm
+{
+    Q_OBJECT
+
+public:
+    explicit TDocOpenCommonForm(QWidget *parent = nullptr);
+    TCFileDialog *OpenDialog; // the standard dialog, used when the browser is not asked for
+
+    void OkButtonClick();
+};
+
+// Asks for a file to add as a document; true when one was chosen, its path in Path. With
+// "OnlyUseSearchPath" the browser above, otherwise the standard dialog; with MultiSelect that
+// dialog takes several files and Path holds each followed by a line break.
+bool openCommonDocument(QString &Path, bool MultiSelect = false);

@@ -1,0 +1,158 @@
+// The document open and save dialogs through their real widgets: the search paths offered, the
+// save browser's ".JPG" rule and its name rule, and both ways of choosing.
+#include "docopencommon.h"
+#include "docsavecommon.h"
+#include "globals.h"
+#include "parameter.h"
+#include "tcfiledialog.h"
+#include "testdatabase.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class DocDialogsTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        kxtest::DatabaseTest::SetUp();
+        if (IsSkipped() || HasFailure())
+            return;
+        docs = m_scratch.filePath(u"Dokumente"_s);
+        for (const QString &file : { u"Scan.JPG"_s, u"alt.jpg"_s, u"Scan.jpeg"_s, u"Scan.png"_s, u"Bericht.pdf"_s,
+                                     u"Bilder.jpg/Lage.png"_s }) {
+            QDir().mkpath(QFileInfo(docs + u'/' + file).path());
+            QFile(docs + u'/' + file).open(QIODevice::WriteOnly);
+        }
+        cSearchPathList = { docs, QString(), docs.toUpper(), m_scratch.path() };
+    }
+    void TearDown() override
+    {
+        cSearchPathList.clear();
+        kxtest::DatabaseTest::TearDown();
+    }
+    static void onlySearchPath(bool only)
+    {
+        TCParameter().WriteBool(u"Settings\\Dokuments"_s, u"OnlyUseSearchPath"_s, only);
+    }
+    // The names the list shows, once the file system model has read the folder.
+    static QStringList listed(QListView *list, int expected)
+    {
+        QStringList names;
+        (void)QTest::qWaitFor([&] {
+            names.clear();
+            for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+                names << list->model()->index(row, 0, list->rootIndex()).data().toString();
+            return names.size() >= expected;
+        }, 5000);
+        names.sort();
+        return names;
+    }
+    static void whenShown(std::function<void(QWidget *)> action)
+    {
+        QTimer::singleShot(50, [action] {
+            QWidget *shown = QApplication::activeModalWidget();
+            ASSERT_NE(shown, nullptr);
+            action(shown);
+        });
+    }
+    QString docs;
+};
+
+TEST_F(DocDialogsTest, SearchPathsOnceAndTheRootWithoutThem)
+{
+    EXPECT_EQ(documentSearchPaths(), (QStringList{ docs, m_scratch.path() })) << "one entry per path whatever its case";
+    TDocOpenCommonForm form;
+    EXPECT_EQ(form.windowTitle(), u"Dokument hinzufügen"_s);
+    EXPECT_EQ(form.SearchIn->count(), 2);
+    EXPECT_EQ(form.Root(), docs);
+    EXPECT_EQ(listed(form.ShellListView1, 5), (QStringList{ u"Bericht.pdf"_s, u"Scan.JPG"_s, u"Scan.jpeg"_s, u"Scan.png"_s,
+                                                            u"alt.jpg"_s }))
+        << "files only";
+
+    cSearchPathList.clear();
+    TDocSaveCommonForm computer;
+    EXPECT_EQ(computer.SearchIn->count(), 0);
+    EXPECT_EQ(computer.Root(), u"/"_s);
+}
+
+TEST_F(DocDialogsTest, SaveBrowserShowsFoldersAndJpegsByTheirPath)
+{
+    TDocSaveCommonForm form;
+    EXPECT_EQ(form.windowTitle(), u"Dokument speichern"_s);
+    EXPECT_EQ(listed(form.ShellListView1, 3), (QStringList{ u"Bilder.jpg"_s, u"Scan.JPG"_s, u"alt.jpg"_s }));
+    form.SetRoot(docs + u"/Bilder.jpg"_s);
+    EXPECT_EQ(listed(form.ShellListView1, 1), QStringList{ u"Lage.png"_s }) << "the folder's name lets its files through";
+}
+
+TEST_F(DocDialogsTest, SavingThroughTheBrowserNeedsAName)
+{
+    onlySearchPath(true);
+    QString path = u"alt"_s;
+    bool stayedOpen = false;
+    whenShown([&](QWidget *shown) {
+        auto *form = qobject_cast<TDocSaveCommonForm *>(shown);
+        ASSERT_NE(form, nullptr);
+        QTest::mouseClick(form->OkButton, Qt::LeftButton); // no name yet
+        stayedOpen = form->isVisible();
+        listed(form->ShellListView1, 3);
+        const QModelIndex root = form->ShellListView1->rootIndex();
+        for (int row = 0; row < form->ShellListView1->model()->rowCount(root); ++row)
+            if (form->ShellListView1->model()->index(row, 0, root).data().toString() == u"Scan.JPG"_s)
+                form->ShellListView1->setCurrentIndex(form->ShellListView1->model()->index(row, 0, root));
+        EXPECT_EQ(form->SaveName->text(), u"Scan.JPG"_s);
+        form->SaveName->setText(u"Einsatz 12.jpg"_s);
+        QTest::mouseClick(form->OkButton, Qt::LeftButton);
+    });
+    EXPECT_TRUE(SaveCommonDocument(path));
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(path, docs + u"/Einsatz 12.jpg"_s);
+
+    whenShown([](QWidget *shown) { QTest::mouseClick(qobject_cast<TDocBrowserForm *>(shown)->CancelButton, Qt::LeftButton); });
+    EXPECT_FALSE(SaveCommonDocument(path));
+    EXPECT_TRUE(path.isEmpty());
+}
+
+TEST_F(DocDialogsTest, StandardDialogsWithSeveralFiles)
+{
+    onlySearchPath(false);
+    const struct
+    {
+        const char *name;
+        bool multi;
+        QString typed;
+        QString path;
+    } cases[] = {
+        { "several files, a line each", true, u"\"Bericht.pdf\" \"Scan.png\""_s,
+          docs + u"/Bericht.pdf\n"_s + docs + u"/Scan.png\n"_s },
+        { "one file", false, u"Bericht.pdf"_s, docs + u"/Bericht.pdf"_s },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        QString path;
+        whenShown([&c, this](QWidget *shown) {
+            auto *dialog = qobject_cast<QFileDialog *>(shown);
+            ASSERT_NE(dialog, nullptr);
+            dialog->setDirectory(docs);
+            dialog->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(c.typed);
+            static_cast<QDialog *>(dialog)->accept();
+        });
+        EXPECT_TRUE(openCommonDocument(path, c.multi));
+        EXPECT_EQ(path, c.path);
+    }
+}
+
+} // namespace
