@@ -56,6 +56,8 @@ struct TCFieldDef
     QString DefaultValue;
     bool Required = false;
     bool Enabled = true;
+    // The field's value is saved as binary content (the file it names goes into the database).
+    bool SaveBinary = false;
 };
 
 // A named index over one or more columns ("Dialog,Control").

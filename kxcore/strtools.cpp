@@ -85,3 +85,27 @@ int strToInt(const QString &text)
 }
 
 } // namespace kx
+
+int kx::NameValues::indexOf(const QString &name) const
+{
+    for (int i = 0; i < m_lines.size(); ++i)
+        if (Name(i).compare(name, Qt::CaseInsensitive) == 0)
+            return i;
+    return -1;
+}
+
+QString kx::NameValues::Value(const QString &name) const
+{
+    const int index = indexOf(name);
+    return index < 0 ? QString() : m_lines.at(index).section(u'=', 1);
+}
+
+void kx::NameValues::SetValue(const QString &name, const QString &value)
+{
+    const int index = indexOf(name);
+    if (index < 0)
+        m_lines << name + u'=' + value;
+    else
+        m_lines[index] = name + u'=' + value;
+}
+

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // "1", "-1", "T", "TRUE", "J", "JA", "Y", "YES", "WAHR" (any case) read as true; all else false.
 bool hStrToBool(const QString &text);
@@ -22,3 +23,33 @@ QChar charAt(const QString &text, int position);
 // kx::ConvertError otherwise.
 int strToInt(const QString &text);
 } // namespace kx
+
+namespace kx {
+
+// "NAME=value" lines as a string list's Values keeps them: a value is found by its name
+// (compared without regard to case), the first "=" separates name and value.
+class NameValues
+{
+public:
+    NameValues() = default;
+    explicit NameValues(QStringList lines)
+        : m_lines(std::move(lines))
+    {
+    }
+    int Count() const { return int(m_lines.size()); }
+    QString Name(int index) const { return m_lines.at(index).section(u'=', 0, 0); }
+    // The value of the name; empty when there is none.
+    QString Value(const QString &name) const;
+    bool Contains(const QString &name) const { return indexOf(name) >= 0; }
+    // Replaces the value where the name stands, or adds the line at the end.
+    void SetValue(const QString &name, const QString &value);
+    void Delete(int index) { m_lines.removeAt(index); }
+    const QStringList &Lines() const { return m_lines; }
+
+private:
+    int indexOf(const QString &name) const;
+    QStringList m_lines;
+};
+
+} // namespace kx
+

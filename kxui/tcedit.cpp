@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMetaMethod>
 #include <QStringListModel>
 #include <QToolButton>
 
@@ -234,6 +235,10 @@ void TCEdit::buttonClicked()
 {
     if (m_select && cEditStyle.Style() == ceFunction) {
         m_select->Execute(this);
+        return;
+    }
+    if (cEditStyle.Style() == ceFunction && isSignalConnected(QMetaMethod::fromSignal(&TCEdit::OnDropDown))) {
+        Q_EMIT OnDropDown(this);
         return;
     }
     ShowPickList();

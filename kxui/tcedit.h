@@ -122,6 +122,10 @@ Q_SIGNALS:
     void OnEnter(QObject *sender);
     void OnChanged(QObject *sender);
     void OnAfterSelect(QObject *sender);
+    // The drop-down button of a function-style edit without a selection link (a host that
+    // chooses the value itself, e.g. with a file dialog); unconnected, the button drops the pick
+    // list down.
+    void OnDropDown(QObject *sender);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -3,6 +3,7 @@
 #include "kxerror.h"
 #include "msgdlg.h"
 
+#include <QObject>
 #include <exception>
 
 namespace kx {
@@ -19,6 +20,13 @@ void showErrors(Handler &&handler)
     } catch (const std::exception &error) {
         MsgDlg(QString::fromLocal8Bit(error.what()), TMsgDlgType::mtError, mbOK);
     }
+}
+
+// Connects a signal to a handler of Receiver without arguments, run as showErrors runs it.
+template<class Sender, class Signal, class Receiver>
+void connectHandler(Sender *sender, Signal signal, Receiver *receiver, void (Receiver::*handler)())
+{
+    QObject::connect(sender, signal, receiver, [receiver, handler] { showErrors([&] { (receiver->*handler)(); }); });
 }
 
 } // namespace kx

@@ -1,0 +1,488 @@
+#include "docmodicommon.h"
+
+#include "binarydata.h"
+#include "dataaccess.h"
+#include "docsavecommon.h"
+#include "docopencommon.h"
+#include "documentdata.h"
+#include "globals.h"
+#include "inifile.h"
+#include "listviewhooks.h"
+#include "log.h"
+#include "msgdlg.h"
+#include "parameter.h"
+#include "scanner.h"
+#include "sqlconnection.h"
+#include "sqlquery.h"
+#include "sqltool.h"
+#include "tcdirectoryselectdlg.h"
+#include "tcedit.h"
+#include "toolscommon.h"
+#include "uierrors.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDate>
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+#include <QSet>
+#include <QShowEvent>
+#include <QTime>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString resNoScanner = u"Bitte stellen Sie unter System\\Einstellungen\\System einen Scanner ein."_s; // 65513
+const QString resScannerInUse = u"Scanner ist wird bereits benutzt!"_s;                                    // 65512
+const QString resNoScanNow = u"Scannen im Moment nicht möglich."_s;                                         // 65511
+constexpr int jpegQuality = 50; // the value the scan passes for the JPEG picture: its quality
+constexpr int PairsRole = Qt::UserRole;
+const QString realMark = u"_Real_"_s, modiMark = u"_Modi_"_s, newMark = u"_New_"_s;
+
+QString nowText()
+{
+    return QTime::currentTime().toString(u"hh:mm:ss"_s);
+}
+
+QString pairText(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QDate ? value.toDate().toString(Qt::ISODate) : value.toString();
+}
+
+} // namespace
+
+TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
+    : QDialog(parent)
+    , DataAccess_Doc(new TCDataAccess(documentTableDef(Table), this))
+    , Dokumente(new TCEdit(this))
+    , DocBezeichnung(new TCEdit(this))
+    , Button1(new QPushButton(u"Speichern unter …"_s, this))
+    , ListPanel(new QWidget(this))
+    , ToolBar(new QToolBar(ListPanel))
+    , ToolButton121(new QAction(u"Öffnen"_s, this))
+    , ToolButton3(new QAction(u"Scannen"_s, this))
+    , DoAppend(new QAction(u"Neu"_s, this))
+    , DoPost(new QAction(u"Übernehmen"_s, this))
+    , DoDelete(new QAction(u"Löschen"_s, this))
+    , DoClose(new QAction(u"Schließen"_s, this))
+    , DokumentList(createReportList(ListPanel, u"DokumentList"_s, { u"Bezeichnung"_s, u"Dokument"_s, u"Ablage"_s },
+                                    { 170, 250, 90 }))
+    , MAINDOC(new QCheckBox(u"Hauptdokument"_s, this))
+    , DokumentPopup(new QMenu(this))
+    , Dokumentspeichern1(new QAction(u"Dokument speichern"_s, this))
+    , Parameter(new TCParameter(this))
+{
+    setObjectName(u"DocModiCommonForm"_s);
+    setWindowTitle(u"Dokumente"_s);
+    DataAccess_Doc->Connection = compSqlConnection;
+    Dokumente->setObjectName(u"Dokumente"_s);
+    Dokumente->setCaption(u"Dokument"_s);
+    Dokumente->setDataAccess(DataAccess_Doc);
+    Dokumente->setDataField(u"Dokument"_s);
+    Dokumente->cEditStyle.SetStyle(ceFunction);
+    DocBezeichnung->setObjectName(u"DocBezeichnung"_s);
+    DocBezeichnung->setCaption(u"Bezeichnung"_s);
+    DocBezeichnung->setDataAccess(DataAccess_Doc);
+    DocBezeichnung->setDataField(u"Bezeichnung"_s);
+    DocBezeichnung->setMenuName(u"DocBezeichnungVip"_s);
+    DocBezeichnung->cEditStyle.SetStyle(ceMenu);
+    for (const QString &name : { u"Einsatzbericht"_s, u"Fahrzeugbrief"_s, u"Prüfbericht"_s, u"Rechnung"_s, u"Foto"_s })
+        DocBezeichnung->PickListAdd(name);
+    MAINDOC->setObjectName(u"MAINDOC"_s);
+    MAINDOC->setToolTip(u"Hauptdokument"_s);
+    MAINDOC->hide();
+    Dokumentspeichern1->setObjectName(u"Dokumentspeichern1"_s);
+    DokumentPopup->addAction(Dokumentspeichern1);
+
+    const QList<std::pair<QAction *, QString>> hints = {
+        { ToolButton121, u"Dokument öffnen"_s }, { ToolButton3, u"Dokument scannen"_s },
+        { DoAppend, u"Datensatz anlegen"_s },    { DoPost, u"Datensatz übernehmen"_s },
+        { DoDelete, u"Datensatz löschen"_s },    { DoClose, u"Schließen"_s },
+    };
+    for (const auto &[action, hint] : hints)
+        action->setToolTip(hint);
+    ToolBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    ToolBar->addActions({ ToolButton121, ToolButton3 });
+    ToolBar->addSeparator();
+    ToolBar->addActions({ DoAppend, DoPost, DoDelete });
+    auto *panel = new QVBoxLayout(ListPanel);
+    panel->setContentsMargins(0, 0, 0, 0);
+    panel->addWidget(ToolBar);
+    panel->addWidget(DokumentList, 1);
+
+    auto *path = new QHBoxLayout;
+    path->addWidget(Dokumente, 1);
+    path->addWidget(Button1);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(MAINDOC);
+    buttons->addStretch(1);
+    auto *close = new QPushButton(u"Schließen"_s, this);
+    buttons->addWidget(close);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(path);
+    layout->addWidget(DocBezeichnung);
+    layout->addWidget(ListPanel, 1);
+    layout->addLayout(buttons);
+    resize(620, 420);
+
+    const auto handle = [this](auto *sender, auto signal, void (TDocModiCommonForm::*handler)()) {
+        kx::connectHandler(sender, signal, this, handler);
+    };
+    handle(ToolButton121, &QAction::triggered, &TDocModiCommonForm::ToolButton121Click);
+    handle(ToolButton3, &QAction::triggered, &TDocModiCommonForm::ToolButton3Click);
+    handle(DoAppend, &QAction::triggered, &TDocModiCommonForm::AppendRecord);
+    handle(DoPost, &QAction::triggered, &TDocModiCommonForm::PostRecord);
+    handle(DoDelete, &QAction::triggered, &TDocModiCommonForm::DeleteRecord);
+    handle(DoClose, &QAction::triggered, &TDocModiCommonForm::DoCloseExecute);
+    handle(close, &QPushButton::clicked, &TDocModiCommonForm::DoCloseExecute);
+    handle(Dokumentspeichern1, &QAction::triggered, &TDocModiCommonForm::Dokumentspeichern1Click);
+    handle(Button1, &QPushButton::clicked, &TDocModiCommonForm::Button1Click);
+    handle(DokumentList, &QTreeWidget::itemDoubleClicked, &TDocModiCommonForm::DokumentListDblClick);
+    handle(DokumentList, &QTreeWidget::itemSelectionChanged, &TDocModiCommonForm::rowSelected);
+    handle(Dokumente, &TCEdit::OnDropDown, &TDocModiCommonForm::DokumenteDropDown);
+    FormCreate();
+}
+
+void TDocModiCommonForm::FormCreate()
+{
+    appScaleForm(this);
+    MainDocumentSwitch = false;
+}
+
+void TDocModiCommonForm::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        FormShow();
+}
+
+void TDocModiCommonForm::FormShow()
+{
+    MAINDOC->setVisible(MainDocumentSwitch);
+    if (MainDocumentSwitch)
+        ListPanel->setMinimumHeight(235); // the design's height for the list with the check box
+}
+
+void TDocModiCommonForm::DoCloseExecute()
+{
+    close();
+}
+
+int TDocModiCommonForm::RowCount() const
+{
+    return DokumentList->topLevelItemCount();
+}
+
+kx::NameValues TDocModiCommonForm::Row(int index) const
+{
+    return kx::NameValues(DokumentList->topLevelItem(index)->data(0, PairsRole).toStringList());
+}
+
+void TDocModiCommonForm::SetRow(int index, const kx::NameValues &pairs)
+{
+    QTreeWidgetItem *item = DokumentList->topLevelItem(index);
+    item->setData(0, PairsRole, pairs.Lines());
+    item->setText(0, pairs.Value(u"BEZEICHNUNG"_s));
+    item->setText(1, pairs.Value(u"DOKUMENT"_s));
+    item->setText(2, pairs.Value(realMark) == u"1"_s ? u"Datenbank"_s : u"Datei"_s);
+}
+
+QTreeWidgetItem *TDocModiCommonForm::addRow(const kx::NameValues &pairs)
+{
+    auto *item = new QTreeWidgetItem(DokumentList);
+    SetRow(DokumentList->indexOfTopLevelItem(item), pairs);
+    return item;
+}
+
+int TDocModiCommonForm::SelectedRow() const
+{
+    const QList<QTreeWidgetItem *> selected = DokumentList->selectedItems();
+    return selected.isEmpty() ? -1 : DokumentList->indexOfTopLevelItem(selected.first());
+}
+
+void TDocModiCommonForm::LoadDocuments(const QString &ParentId)
+{
+    m_parentId = ParentId;
+    DokumentList->clear();
+    const QString table = DataAccess_Doc->Tablename;
+    QSet<QString> stored;
+    if (compSqlConnection->tableExists(u"BinaryData"_s))
+        for (const auto &row : compSqlConnection->execute(u"select IDPARENT from BinaryData where TABLEPARENT="_s
+                                                          + kx::sqlQuoted(table.toUpper()) + u" and DATAFILTER='DOKUMENT'"_s)
+                                   .rows)
+            stored.insert(row.value(0).toString());
+    TCSqlQuery query;
+    query.Connection = compSqlConnection;
+    query.SQL.Add(u"select * from "_s + table + u" where IDPARENT="_s + kx::sqlQuoted(ParentId) + u" order by BEZEICHNUNG"_s);
+    query.Open();
+    for (; !query.Eof(); query.Next()) {
+        kx::NameValues pairs;
+        for (int c = 0; c < query.FieldCount(); ++c) {
+            const TCQueryField field = query.Fields(c);
+            const TCFieldDef *definition = DataAccess_Doc->Fields.GetItemFromFieldname(field.FieldName());
+            // Deliberate: a null column leaves no pair, so a copy adds its own change stamp.
+            if (definition && !field.IsNull())
+                pairs.SetValue(definition->Fieldname, pairText(field.Value()));
+        }
+        pairs.SetValue(realMark, stored.contains(pairs.Value(u"ID"_s)) ? u"1"_s : u"0"_s);
+        pairs.SetValue(modiMark, u"0"_s);
+        addRow(pairs);
+    }
+    query.Close();
+}
+
+void TDocModiCommonForm::SetUseBinaryDatabase(bool Value)
+{
+    m_binary = Value;
+    DokumentList->setContextMenuPolicy(Value ? Qt::ActionsContextMenu : Qt::NoContextMenu);
+    if (Value)
+        DokumentList->addAction(Dokumentspeichern1);
+    else
+        DokumentList->removeAction(Dokumentspeichern1);
+    DataAccess_Doc->Fields.GetItemFromFieldname(u"DOKUMENT"_s)->SaveBinary = Value;
+}
+
+void TDocModiCommonForm::rowSelected()
+{
+    const int row = SelectedRow();
+    if (row < 0)
+        return;
+    const kx::NameValues pairs = Row(row);
+    Dokumente->setText(pairs.Value(u"DOKUMENT"_s));
+    DocBezeichnung->setText(pairs.Value(u"BEZEICHNUNG"_s));
+    MAINDOC->setChecked(pairs.Value(u"MAINDOC"_s) == u"1"_s);
+}
+
+void TDocModiCommonForm::ToolButton121Click()
+{
+    if (!m_binary || !cEnableBinarySave) {
+        ShellExecuteAndSearchDokument(Dokumente->Text(), false);
+        return;
+    }
+    const int row = SelectedRow();
+    if (row < 0)
+        return;
+    const kx::NameValues pairs = Row(row);
+    if (pairs.Value(realMark) != u"1"_s) {
+        ShellExecuteAndSearchDokument(Dokumente->Text(), false);
+        return;
+    }
+    const QString path = ExtractBinaryData(pairs.Value(u"ID"_s), DataAccess_Doc->Tablename, u"Dokument"_s, cWorkPath);
+    if (!path.isEmpty())
+        ShellExecuteAndSearchDokument(path, false);
+}
+
+void TDocModiCommonForm::DokumentListDblClick()
+{
+    ToolButton121Click();
+}
+
+void TDocModiCommonForm::Dokumentspeichern1Click()
+{
+    const int row = SelectedRow();
+    if (row < 0 || Row(row).Value(realMark) != u"1"_s)
+        return;
+    TCDirectorySelectDlg folder(this);
+    folder.SetHandle(this);
+    if (!folder.Execute())
+        return;
+    ExtractBinaryData(Row(row).Value(u"ID"_s), DataAccess_Doc->Tablename, u"Dokument"_s, folder.Directory);
+    MsgDlg(u"Datei wurde gespeichert."_s, TMsgDlgType::mtInformation, mbOK);
+}
+
+void TDocModiCommonForm::DokumenteDropDown()
+{
+    QString path;
+    if (openCommonDocument(path))
+        Dokumente->setText(path);
+}
+
+void TDocModiCommonForm::Button1Click()
+{
+    QString path;
+    if (SaveCommonDocument(path))
+        Dokumente->setText(path);
+}
+
+void TDocModiCommonForm::DataAccess_DoclvBeforePost()
+{
+    if (!MAINDOC->isChecked())
+        return;
+    for (int i = 0; i < RowCount(); ++i) {
+        kx::NameValues pairs = Row(i);
+        if (pairs.Value(u"MAINDOC"_s) != u"1"_s)
+            continue;
+        pairs.SetValue(u"MAINDOC"_s, u"0"_s);
+        pairs.SetValue(modiMark, u"1"_s);
+        SetRow(i, pairs);
+    }
+}
+
+void TDocModiCommonForm::AppendRecord()
+{
+    kx::NameValues pairs;
+    pairs.SetValue(u"ID"_s, sqlGenIdValue());
+    pairs.SetValue(u"IDPARENT"_s, m_parentId);
+    pairs.SetValue(u"MAINDOC"_s, u"0"_s);
+    pairs.SetValue(realMark, u"0"_s);
+    pairs.SetValue(modiMark, u"1"_s);
+    pairs.SetValue(newMark, u"1"_s);
+    DokumentList->setCurrentItem(addRow(pairs));
+    Dokumente->setText(QString());
+    DocBezeichnung->setText(QString());
+    MAINDOC->setChecked(false);
+}
+
+void TDocModiCommonForm::PostRecord()
+{
+    int row = SelectedRow();
+    if (row < 0) {
+        AppendRecord();
+        row = SelectedRow();
+    }
+    const QString bezeichnung = DocBezeichnung->Text(), dokument = Dokumente->Text();
+    const bool mainDocument = MAINDOC->isChecked();
+    DataAccess_DoclvBeforePost();
+    kx::NameValues pairs = Row(row);
+    pairs.SetValue(u"BEZEICHNUNG"_s, bezeichnung);
+    pairs.SetValue(u"DOKUMENT"_s, dokument);
+    pairs.SetValue(u"MAINDOC"_s, mainDocument ? u"1"_s : u"0"_s);
+    pairs.SetValue(modiMark, u"1"_s);
+    SetRow(row, pairs);
+    saveChangedRows();
+}
+
+void TDocModiCommonForm::saveChangedRows()
+{
+    const QString table = DataAccess_Doc->Tablename;
+    const TCFieldDef *document = DataAccess_Doc->Fields.GetItemFromFieldname(u"DOKUMENT"_s);
+    for (int i = 0; i < RowCount(); ++i) {
+        kx::NameValues pairs = Row(i);
+        if (pairs.Value(modiMark) != u"1"_s)
+            continue;
+        const QString id = pairs.Value(u"ID"_s);
+        const QString file = pairs.Value(u"DOKUMENT"_s);
+        // Stored in the database: the file's content goes in, the column keeps its name.
+        const bool binary = document->SaveBinary && cEnableBinarySave && QFileInfo(file).isFile();
+        if (binary)
+            pairs.SetValue(u"DOKUMENT"_s, QFileInfo(file).fileName());
+        pairs.SetValue(u"LDATE"_s, QDate::currentDate().toString(Qt::ISODate));
+        pairs.SetValue(u"LTIME"_s, nowText());
+        pairs.SetValue(u"LUSER"_s, User.Name);
+        kx::SqlValueList values;
+        for (int p = 0; p < pairs.Count(); ++p)
+            if (DataAccess_Doc->Fields.GetItemFromFieldname(pairs.Name(p)))
+                values.addText(pairs.Name(p), pairs.Value(pairs.Name(p)));
+        if (pairs.Value(newMark) == u"1"_s)
+            SqlExec(SqlBuildInsertSql(table, values.pairs()));
+        else
+            SqlExec(SqlBuildUpdateSql(table, values.pairs(), u"Where ID="_s + kx::sqlQuoted(id)));
+        if (binary) {
+            SaveBinaryData(id, table, u"DOKUMENT"_s, file);
+            pairs.SetValue(realMark, u"1"_s);
+        }
+        pairs.SetValue(modiMark, u"0"_s);
+        pairs.SetValue(newMark, u"0"_s);
+        SetRow(i, pairs);
+    }
+}
+
+void TDocModiCommonForm::DeleteRecord()
+{
+    const int row = SelectedRow();
+    if (row < 0)
+        return;
+    const kx::NameValues pairs = Row(row);
+    if (pairs.Value(newMark) != u"1"_s) {
+        const QString id = kx::sqlQuoted(pairs.Value(u"ID"_s));
+        SqlExec(u"delete from "_s + DataAccess_Doc->Tablename + u" where ID="_s + id);
+        if (pairs.Value(realMark) == u"1"_s)
+            SqlExec(u"delete from BinaryData where IDPARENT="_s + id + u" and TABLEPARENT="_s
+                    + kx::sqlQuoted(DataAccess_Doc->Tablename.toUpper()));
+    }
+    delete DokumentList->takeTopLevelItem(row);
+}
+
+void TDocModiCommonForm::ToolButton3Click()
+{
+    const QString scanner = TCIniFile(cDatabaseIni).ReadString(u"System"_s, u"Scanner"_s, u"-1"_s);
+    if (scanner == u"-1"_s || scanner.trimmed().isEmpty()) {
+        MsgDlg(resNoScanner, TMsgDlgType::mtInformation, mbOK);
+        return;
+    }
+    if (Parameter->Read(u"Scanner"_s, u"isScanning"_s, u"0"_s) == u"1"_s) {
+        MsgDlg(resScannerInUse + u'\r' + resNoScanNow, TMsgDlgType::mtInformation, mbOK);
+        return;
+    }
+    try {
+        Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"1"_s);
+        const std::unique_ptr<TScannerSession> twain = scannerFactory()();
+        twain->LoadTwainModule();
+        twain->OpenSourceManager();
+        const QStringList sources = twain->GetSources();
+        twain->CloseTwainSession();
+        twain->UnLoadTwainModule();
+        if (!sources.contains(scanner)) {
+            MsgDlg(resNoScanner, TMsgDlgType::mtInformation, mbOK);
+            Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
+            return;
+        }
+        twain->LoadTwainModule();
+        twain->OpenSourceManager();
+        twain->SelectSource(scanner);
+        twain->OpenSource();
+        const QByteArray image = twain->AcquireJpg(jpegQuality);
+        twain->CloseTwainSession();
+        twain->UnLoadTwainModule();
+        Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
+        QString path;
+        if (SaveCommonDocument(path)) {
+            const QFileInfo target(path);
+            path = target.path() + u'/' + target.completeBaseName() + u".jpg"_s;
+            Dokumente->setText(path);
+            QFile out(path);
+            if (!out.open(QIODevice::WriteOnly) || out.write(image) != image.size())
+                throw kx::Error(u"Die Datei %1 lässt sich nicht schreiben: %2"_s.arg(path, out.errorString()));
+        }
+    } catch (const std::exception &e) {
+        const auto *error = dynamic_cast<const kx::Error *>(&e);
+        writeErrorLog(u"TDocModiCommonForm.ToolButton3Click: "_s + (error ? error->message() : QString::fromLocal8Bit(e.what())));
+        Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
+    }
+}
+
+void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
+{
+    TCSqlQuery query;
+    query.Connection = compSqlConnection;
+    for (int i = 0; i < RowCount(); ++i) {
+        kx::NameValues pairs = Row(i);
+        if (pairs.Count() == 0)
+            continue;
+        for (int p = pairs.Count() - 1; p >= 0; --p)
+            if (!DataAccess_Doc->Fields.GetItemFromFieldname(pairs.Name(p)))
+                pairs.Delete(p);
+        pairs.SetValue(u"ID"_s, sqlGenIdValue());
+        pairs.SetValue(u"IDPARENT"_s, NewParentId);
+        if (!pairs.Contains(u"LDATE"_s))
+            pairs.SetValue(u"LDATE"_s, sqlConvertDate(QDate::currentDate()));
+        if (!pairs.Contains(u"LTIME"_s))
+            pairs.SetValue(u"LTIME"_s, nowText());
+        if (!pairs.Contains(u"LUSER"_s))
+            pairs.SetValue(u"LUSER"_s, User.Name);
+        // Deliberate: values are wrapped in quotes as they stand, a quote inside is not doubled.
+        QStringList quoted;
+        for (int p = 0; p < pairs.Count(); ++p)
+            quoted << pairs.Name(p) + u"='"_s + pairs.Value(pairs.Name(p)) + u'\'';
+        query.SQL.Clear();
+        query.SQL.Add(SqlBuildInsertSql(DataAccess_Doc->Tablename, quoted));
+        query.ExecSQL();
+    }
+}

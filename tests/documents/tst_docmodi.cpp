@@ -1,0 +1,311 @@
+// The document editor on each product through its real widgets: opening plain and stored
+// documents, the main-document rule, storing a file in the database, cloning, and scanning
+// through SANE's test backend with the busy flag seen from a second connection.
+#include "binarydata.h"
+#include "docmodicommon.h"
+#include "documentdata.h"
+#include "documentlauncher.h"
+#include "globals.h"
+#include "inifile.h"
+#include "kxerror.h"
+#include "parameter.h"
+#include "scanner.h"
+#include "scriptedmessages.h"
+#include "sqlconnection.h"
+#include "systables.h"
+#include "tcedit.h"
+#include "testdatabase.h"
+#include "log.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTimer>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString table = u"Fahrzeug_Dokumente"_s;
+
+class Opened : public TDocumentLauncher
+{
+public:
+    explicit Opened(QStringList &files)
+        : m_files(files)
+    {
+    }
+    int OpenLink(const QString &link) override { m_files << link; return launchSucceeded; }
+    int OpenFile(const QString &file, const QString &directory) override
+    {
+        m_files << QDir(directory).filePath(file);
+        return launchSucceeded;
+    }
+
+private:
+    QStringList &m_files;
+};
+
+class DocModiTest : public kxtest::DatabaseTest
+{
+protected:
+    void SetUp() override
+    {
+        kxtest::DatabaseTest::SetUp();
+        if (IsSkipped() || HasFailure())
+            return;
+        alterOrCreateTable(systables::BinaryData(), compSqlConnection);
+        documents_CreateTable(table);
+        setDocumentLauncher(std::make_unique<Opened>(opened));
+        cSearchPathList = { m_scratch.path() };
+        User.Name = u"Wehrführer"_s;
+        writeFile(u"Brief.pdf"_s, "Fahrzeugbrief");
+    }
+    void TearDown() override
+    {
+        setDocumentLauncher(nullptr);
+        scannerFactory() = [] { return std::make_unique<TSaneScanner>(); };
+        cSearchPathList.clear();
+        cEnableBinarySave = false;
+        cDatabaseIni.clear();
+        User = TCUser{};
+        kxtest::DatabaseTest::TearDown();
+    }
+    void writeFile(const QString &name, const QByteArray &content)
+    {
+        QFile file(m_scratch.filePath(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(content);
+    }
+    void select(TDocModiCommonForm &form, int row) { form.DokumentList->setCurrentItem(form.DokumentList->topLevelItem(row)); }
+    // Adds a row through the form, as the user does it.
+    void post(TDocModiCommonForm &form, const QString &name, const QString &document, bool mainDocument = false)
+    {
+        form.AppendRecord();
+        form.DocBezeichnung->setText(name);
+        form.Dokumente->setText(document);
+        form.MAINDOC->setChecked(mainDocument);
+        form.PostRecord();
+    }
+    QStringList opened;
+};
+
+TEST_F(DocModiTest, OpeningPlainAndStoredDocuments)
+{
+    cEnableBinarySave = true;
+    {
+        TDocModiCommonForm form(table);
+        form.LoadDocuments(u"FZ-1"_s);
+        form.SetUseBinaryDatabase(true);
+        post(form, u"Fahrzeugbrief"_s, m_scratch.filePath(u"Brief.pdf"_s));
+        EXPECT_EQ(form.Row(0).Value(u"_Real_"_s), u"1"_s);
+        EXPECT_EQ(form.Row(0).Value(u"DOKUMENT"_s), u"Brief.pdf"_s) << "the column keeps the file's name";
+        EXPECT_EQ(form.DokumentList->topLevelItem(0)->text(2), u"Datenbank"_s);
+    }
+    QFile::remove(m_scratch.filePath(u"Brief.pdf"_s)); // only the database has it now
+    const struct
+    {
+        const char *name;
+        bool binary, enabled, selected;
+        QStringList opened;
+    } cases[] = {
+        { "stored: extracted into the work folder and opened", true, true, true, { m_scratch.filePath(u"Brief.pdf"_s) } },
+        { "nothing selected", true, true, false, {} },
+        { "binary saving switched off: the edit's path only", true, false, true, {} },
+        { "binary storage off: the edit's path only", false, true, true, {} },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        QFile::remove(m_scratch.filePath(u"Brief.pdf"_s));
+        opened.clear();
+        cEnableBinarySave = c.enabled;
+        TDocModiCommonForm form(table);
+        form.SetUseBinaryDatabase(c.binary);
+        form.LoadDocuments(u"FZ-1"_s);
+        if (c.selected)
+            select(form, 0);
+        form.ToolButton121Click();
+        EXPECT_EQ(opened, c.opened) << "the edit holds \"Brief.pdf\", which is no longer on the search path";
+        EXPECT_EQ(form.DokumentList->contextMenuPolicy() == Qt::ActionsContextMenu, c.binary);
+    }
+}
+
+TEST_F(DocModiTest, OneMainDocumentPerRecord)
+{
+    TDocModiCommonForm form(table);
+    form.LoadDocuments(u"FZ-1"_s);
+    post(form, u"A"_s, u"a.pdf"_s, true);
+    post(form, u"B"_s, u"b.pdf"_s);
+    post(form, u"C"_s, u"c.pdf"_s);
+    select(form, 2);
+    form.MAINDOC->setChecked(true);
+    form.DataAccess_DoclvBeforePost();
+    EXPECT_EQ(form.Row(0).Value(u"MAINDOC"_s), u"0"_s);
+    EXPECT_EQ(form.Row(0).Value(u"_Modi_"_s), u"1"_s) << "saved again";
+    EXPECT_EQ(form.Row(1).Value(u"_Modi_"_s), u"0"_s);
+    form.PostRecord();
+    EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG, MAINDOC from Fahrzeug_Dokumente order by BEZEICHNUNG"_s),
+              (QStringList{ u"A|0"_s, u"B|0"_s, u"C|1"_s }));
+}
+
+TEST_F(DocModiTest, CloningKeepsOrAddsTheChangeStamp)
+{
+    kxtest::exec(u"insert into Fahrzeug_Dokumente (ID, IDPARENT, BEZEICHNUNG, DOKUMENT, LDATE, LTIME, LUSER, MAINDOC) "
+                 u"values ('d1', 'FZ-1', 'Alt', 'alt.pdf', '2020-05-04', '08:15:00', 'Kassenwart', 1)"_s);
+    kxtest::exec(u"insert into Fahrzeug_Dokumente (ID, IDPARENT, BEZEICHNUNG, DOKUMENT) values ('d2', 'FZ-1', 'Neu', 'neu.pdf')"_s);
+    TDocModiCommonForm form(table);
+    form.LoadDocuments(u"FZ-1"_s);
+    form.CloneDocuments(u"FZ-2"_s);
+    const QString today = QDate::currentDate().toString(u"dd.MM.yyyy"_s);
+    EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG, LDATE, LTIME, LUSER, MAINDOC from Fahrzeug_Dokumente where IDPARENT='FZ-2' "
+                           u"order by BEZEICHNUNG"_s),
+              (QStringList{ u"Alt|04.05.2020|08:15:00|Kassenwart|1"_s,
+                            u"Neu|"_s + today + u"|"_s + kxtest::rows(u"select LTIME from Fahrzeug_Dokumente where "
+                                                                      u"IDPARENT='FZ-2' and BEZEICHNUNG='Neu'"_s)
+                                                             .value(0)
+                                + u"|Wehrführer|"_s }));
+    EXPECT_EQ(kxtest::rows(u"select count(*) from Fahrzeug_Dokumente where IDPARENT='FZ-2' and ID in ('d1','d2')"_s),
+              QStringList{ u"0"_s }) << "new keys";
+
+    // A quote in a value breaks that one statement; the rows before it stay written.
+    kxtest::exec(u"update Fahrzeug_Dokumente set BEZEICHNUNG='Zeugnis ''A''' where ID='d2'"_s);
+    form.LoadDocuments(u"FZ-1"_s);
+    kx::SqlTraceCapture trace;
+    EXPECT_THROW(form.CloneDocuments(u"FZ-3"_s), kx::DatabaseError);
+    ASSERT_EQ(trace.statements().size(), 2);
+    EXPECT_TRUE(trace.statements().at(1).contains(u"'Zeugnis 'A''"_s)) << trace.statements().at(1).toStdString();
+    EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG from Fahrzeug_Dokumente where IDPARENT='FZ-3'"_s), QStringList{ u"Alt"_s });
+}
+
+TEST_F(DocModiTest, StoredDocumentSavedToAFolder)
+{
+    cEnableBinarySave = true;
+    TDocModiCommonForm form(table);
+    form.SetUseBinaryDatabase(true);
+    form.LoadDocuments(u"FZ-1"_s);
+    post(form, u"Fahrzeugbrief"_s, m_scratch.filePath(u"Brief.pdf"_s));
+    const QString folder = m_scratch.filePath(u"Ablage"_s);
+    QDir().mkpath(folder);
+    QTimer::singleShot(50, [folder] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->setDirectory(folder);
+        static_cast<QDialog *>(dialog)->accept();
+    });
+    kxtest::ScriptedMessages messages({ { u"Datei wurde gespeichert."_s } });
+    form.Dokumentspeichern1Click();
+    QFile saved(folder + u"/Brief.pdf"_s);
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(saved.readAll(), QByteArray("Fahrzeugbrief"));
+}
+
+// The real scanner, watched: the busy flag as a second workstation reads it while the page is taken.
+class WatchedScanner : public TSaneScanner
+{
+public:
+    explicit WatchedScanner(std::function<void()> whileScanning)
+        : m_whileScanning(std::move(whileScanning))
+    {
+    }
+    QByteArray AcquireJpg(int quality) override
+    {
+        m_whileScanning();
+        return TSaneScanner::AcquireJpg(quality);
+    }
+
+private:
+    std::function<void()> m_whileScanning;
+};
+
+TEST_F(DocModiTest, ScanningThroughSane)
+{
+    // SANE's test backend only, through a configuration of the test's own.
+    const QString sane = m_scratch.filePath(u"sane.d"_s);
+    QDir().mkpath(sane);
+    QFile dll(sane + u"/dll.conf"_s);
+    dll.open(QIODevice::WriteOnly);
+    dll.write("test\n");
+    dll.close();
+    qputenv("SANE_CONFIG_DIR", QFile::encodeName(sane));
+    cDatabaseIni = m_scratch.filePath(u"db.ini"_s);
+    TCParameter().Write(u"Settings\\Dokuments"_s, u"OnlyUseSearchPath"_s, u"0"_s);
+
+    TCSqlConnection workstation; // another workstation sharing the settings store
+    workstation.Open(m_connectionString);
+    const auto flag = [&workstation] {
+        const kx::SqlResult r = workstation.execute(
+            u"select PVALUE from SYSPARAMETER where SECTIONNAME='Scanner' and KEYNAME='isScanning'"_s);
+        return r.rows.empty() ? QString() : r.rows.front().value(0).toString();
+    };
+    QString flagWhileScanning;
+    scannerFactory() = [&] { return std::make_unique<WatchedScanner>([&] { flagWhileScanning = flag(); }); };
+    const QString noScanner = u"Bitte stellen Sie unter System\\Einstellungen\\System einen Scanner ein."_s;
+
+    enum Dialog { Save, Cancel, None };
+    const struct
+    {
+        const char *name;
+        QString scanner; // empty: none configured
+        QString flagBefore;
+        QStringList messages;
+        Dialog dialog;
+        QString flagAfter;
+        bool page;
+    } cases[] = {
+        { "no scanner configured", {}, {}, { noScanner }, None, {}, false },
+        { "the scanner is not there", u"test:9"_s, u"0"_s, { noScanner }, None, u"0"_s, false },
+        { "busy on another workstation", u"test:0"_s, u"1"_s,
+          { u"Scanner ist wird bereits benutzt!\rScannen im Moment nicht möglich."_s }, None, u"1"_s, false },
+        { "save dialog cancelled: the page is discarded", u"test:0"_s, u"0"_s, {}, Cancel, u"0"_s, false },
+        { "a page saved as JPEG", u"test:0"_s, u"0"_s, {}, Save, u"0"_s, true },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        TCIniFile(cDatabaseIni).WriteString(u"System"_s, u"Scanner"_s, c.scanner.isEmpty() ? u"-1"_s : c.scanner);
+        if (!c.flagBefore.isEmpty())
+            workstation.execute(u"update SYSPARAMETER set PVALUE='"_s + c.flagBefore
+                                + u"' where SECTIONNAME='Scanner' and KEYNAME='isScanning'"_s);
+        flagWhileScanning.clear();
+        TDocModiCommonForm form(table);
+        form.Dokumente->setText(u"vorher.pdf"_s);
+        const QString target = m_scratch.filePath(u"Seite 1"_s);
+        if (c.dialog != None)
+            QTimer::singleShot(50, [&c, target] {
+                auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+                ASSERT_NE(dialog, nullptr);
+                if (c.dialog == Cancel) {
+                    dialog->reject();
+                    return;
+                }
+                dialog->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(target);
+                static_cast<QDialog *>(dialog)->accept();
+            });
+        QList<kxtest::ScriptedMessages::Step> steps;
+        for (const QString &m : c.messages)
+            steps.append({ m });
+        {
+            kxtest::ScriptedMessages messages(steps);
+            form.ToolButton3Click();
+        }
+        if (c.dialog != None) {
+            EXPECT_EQ(flagWhileScanning, u"1"_s);
+        }
+        EXPECT_EQ(flag(), c.flagAfter);
+        QFile page(target + u".jpg"_s);
+        EXPECT_EQ(page.exists(), c.page);
+        if (c.page) {
+            ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+            EXPECT_TRUE(page.read(2) == QByteArray("\xFF\xD8")) << "a JPEG file";
+            EXPECT_EQ(form.Dokumente->Text(), target + u".jpg"_s);
+        } else {
+            EXPECT_EQ(form.Dokumente->Text(), u"vorher.pdf"_s);
+        }
+    }
+    EXPECT_FALSE(QFile::exists(errorLogFilePath())) << "no scan failed";
+}
+
+} // namespace
