@@ -7,7 +7,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -165,11 +165,12 @@ int fail(const CliContext &context, const QString &command, const QString &messa
 
 int main(int argc, char *argv[])
 {
-    // Symbols are images (SVG texts need a font database) and documents are opened through the
-    // desktop's services: those commands get a graphics application, on the offscreen platform
+    // Symbols are images (SVG texts need a font database), documents are opened through the
+    // desktop's services and kept by the document editor: those commands get a widgets application, on the offscreen platform
     // when there is no display and no platform is chosen.
     const bool graphics = std::any_of(argv + 1, argv + argc, [](const char *a) {
-        return qstrcmp(a, "symbols") == 0 || qstrcmp(a, "open") == 0 || qstrcmp(a, "merge") == 0;
+        return qstrcmp(a, "symbols") == 0 || qstrcmp(a, "open") == 0 || qstrcmp(a, "merge") == 0
+            || qstrcmp(a, "docs") == 0 || qstrcmp(a, "scan") == 0;
     });
     if (graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")
         && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
@@ -181,7 +182,7 @@ int main(int argc, char *argv[])
             if (!message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set"_s))
                 previous(type, context, message);
         });
-    const std::unique_ptr<QCoreApplication> application(graphics ? new QGuiApplication(argc, argv)
+    const std::unique_ptr<QCoreApplication> application(graphics ? new QApplication(argc, argv)
                                                                  : new QCoreApplication(argc, argv));
     QCoreApplication &app = *application;
     cApplicationPath = QCoreApplication::applicationDirPath(); // where the symbol pack is looked for

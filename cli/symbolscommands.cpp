@@ -84,7 +84,7 @@ CliOutput listSymbols(const CliContext &context)
 
 CliOutput extractSymbol(const CliContext &context)
 {
-    const QStringList &p = CliArguments(context, {}, {}).positional(3, u"PAKET KENNUNG DATEI"_s);
+    const QStringList p = CliArguments(context, {}, {}).positional(3, u"PAKET KENNUNG DATEI"_s);
     TItemSymbolManager symbols;
     symbols.LoadFromFile(p[0]);
     auto *item = static_cast<TItemSymbol *>(symbols.ItemByGuid(p[1]));

@@ -5,10 +5,13 @@
 #include <QBuffer>
 #include <QImage>
 #include <sane/sane.h>
+#include <sane/saneopts.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int documentResolution = 150;
 
 void check(SANE_Status status, const QString &step)
 {
@@ -84,6 +87,19 @@ void TSaneScanner::OpenSource()
     SANE_Handle handle = nullptr;
     check(sane_open(m_source.toLocal8Bit().constData(), &handle), u"Öffnen von %1"_s.arg(m_source));
     m_handle = handle;
+    // A document page at 150 dpi, whatever the driver starts with (some start far lower); a
+    // driver that cannot do it keeps its own value.
+    for (SANE_Int option = 1;; ++option) {
+        const SANE_Option_Descriptor *d = sane_get_option_descriptor(handle, option);
+        if (!d)
+            break;
+        if (!d->name || qstrcmp(d->name, SANE_NAME_SCAN_RESOLUTION) != 0 || !SANE_OPTION_IS_SETTABLE(d->cap))
+            continue;
+        SANE_Int value = d->type == SANE_TYPE_FIXED ? SANE_FIX(documentResolution) : documentResolution;
+        SANE_Int info = 0;
+        sane_control_option(handle, option, SANE_ACTION_SET_VALUE, &value, &info);
+        break;
+    }
 }
 
 QByteArray TSaneScanner::AcquireJpg(int quality)

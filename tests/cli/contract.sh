@@ -112,5 +112,26 @@ run 1 "gibt es in s.pak nicht" symbols extract s.pak "{fehlt}" x.png
 head -c 40 s.pak > kaputt.pak
 run 1 "ist beschädigt" symbols list kaputt.pak
 
+# Documents: stored in the database and back byte for byte, listed, copied; scanning through SANE's test backend.
+head -c 300000 /dev/urandom > bericht.pdf
+run 0 "angelegt" --db "sqlite:$work/leer.db" init
+run 1 "sys init" --db "sqlite:$work/leer.db" docs add Fahrzeug_Dokumente FZ-1 bericht.pdf --binary
+run 0 "Inhalt in der Datenbank" docs add Fahrzeug_Dokumente FZ-1 bericht.pdf --binary --name Einsatzbericht
+run 0 "angelegt" docs add Fahrzeug_Dokumente FZ-1 /daten/plan.pdf
+run 0 "bericht.pdf (in der Datenbank)" docs list Fahrzeug_Dokumente FZ-1
+doc=$(grep Einsatzbericht out | cut -c1-33 | tr -d ' ')
+mkdir raus
+run 0 "raus/bericht.pdf" docs extract Fahrzeug_Dokumente "$doc" raus
+cmp -s bericht.pdf raus/bericht.pdf || { echo "FAIL: the extracted document differs" >&2; failures=$((failures + 1)); }
+run 1 "kein Inhalt" docs extract Fahrzeug_Dokumente GIBTSNICHT raus
+run 0 "2 Dokumente von FZ-1 nach FZ-2" docs clone Fahrzeug_Dokumente FZ-1 FZ-2
+run 1 "gibt es nicht" docs list Unbekannt_Dokumente FZ-1
+mkdir sane.d && echo test > sane.d/dll.conf
+export SANE_CONFIG_DIR="$work/sane.d"
+run 0 "test:0" scan --list
+run 0 "eine Seite von test:0" scan --to seite.jpg
+run 1 "gibt es nicht" scan --to seite.jpg --source test:9
+run 2 "--list oder --to" scan
+
 echo "$failures failures"
 [ "$failures" -eq 0 ]

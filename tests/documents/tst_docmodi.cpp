@@ -22,6 +22,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QImage>
 #include <QLineEdit>
 #include <QTimer>
 #include <QTreeWidget>
@@ -300,6 +301,7 @@ TEST_F(DocModiTest, ScanningThroughSane)
         if (c.page) {
             ASSERT_TRUE(page.open(QIODevice::ReadOnly));
             EXPECT_TRUE(page.read(2) == QByteArray("\xFF\xD8")) << "a JPEG file";
+            EXPECT_EQ(QImage(page.fileName()).size(), QSize(472, 590)) << "the test page at 150 dpi";
             EXPECT_EQ(form.Dokumente->Text(), target + u".jpg"_s);
         } else {
             EXPECT_EQ(form.Dokumente->Text(), u"vorher.pdf"_s);
