@@ -28,6 +28,7 @@ public:
     bool withFolders = false;
     std::function<bool(const QString &)> accepts;
     QString shownFolder; // the folders on the way to it stay, so that the view can reach it
+    QString limit;       // when set, only this folder, the way to it and what lies below it
 
 protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override
@@ -36,7 +37,12 @@ protected:
         const QModelIndex index = model->index(row, 0, parent);
         if (model->isDir(index)) {
             const QString path = model->filePath(index);
-            if (path == shownFolder || shownFolder.startsWith(path.endsWith(u'/') ? path : path + u'/'))
+            const auto within = [](const QString &inner, const QString &outer) {
+                return inner == outer || inner.startsWith(outer.endsWith(u'/') ? outer : outer + u'/');
+            };
+            if (!limit.isEmpty() && !within(path, limit) && !within(limit, path))
+                return false;
+            if (within(shownFolder, path))
                 return true;
             return withFolders && model->fileName(index) != resScheduledTasks;
         }
@@ -144,6 +150,9 @@ void TDocBrowserForm::SetRoot(const QString &path)
 {
     if (path.isEmpty() || !QFileInfo(path).isDir())
         return; // deliberate: an unusable search path leaves the tree where it is
+    auto *folders = static_cast<PathFilter *>(m_folderView);
+    folders->limit = path; // the user stays below the search path
+    folders->invalidate();
     m_folders->setRootPath(path);
     const QModelIndex root = m_folderView->mapFromSource(m_folders->index(path));
     ShellTreeView1->setRootIndex(root.parent());

@@ -1,7 +1,10 @@
 #include "demodata.h"
 
 #include "dataaccess.h"
+#include "binarydata.h"
 #include "dispatchdata.h"
+#include "documentdata.h"
+#include "globals.h"
 #include "sqltool.h"
 #include "streetdirectory.h"
 #include "importcommonform.h"
@@ -10,6 +13,8 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 #include "katscommon.h"
 #include "katsdata.h"
 #include "modulcommon.h"
@@ -31,6 +36,37 @@ void createDemoStreetDirectory()
     for (int number = 1; number <= 12; ++number)
         dispatch_AddOrt({ u"64285"_s, u"Musterstadt"_s, u"Altstadt"_s, u"Am Markt"_s, {}, {}, {}, {}, QString::number(number) });
     address_GenerateDirectory(1000);
+}
+
+// A folder of documents on the search path, and the demo vehicle's documents: two named by
+// their files, a photo stored in the database.
+void createDemoDocuments()
+{
+    const QDir folder(QDir::temp().filePath(u"kxcommon-demo-dokumente"_s));
+    folder.mkpath(u"."_s);
+    cSearchPathList = { folder.path() };
+    cEnableBinarySave = true;
+    const auto write = [&folder](const QString &name, const QByteArray &content) {
+        QFile file(folder.filePath(name));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(content);
+    };
+    write(u"Fahrzeugbrief HLF 20.txt"_s, "Zulassungsbescheinigung Teil II\nHLF 20, MS-FW 1201\n");
+    write(u"Prüfbericht Drehleiter 2026.txt"_s, "Jährliche Prüfung der Drehleiter: ohne Mängel.\n");
+    QImage photo(320, 200, QImage::Format_RGB32);
+    photo.fill(QColor(0xC8, 0x10, 0x2E));
+    QPainter painter(&photo);
+    painter.setPen(Qt::white);
+    painter.drawText(photo.rect(), Qt::AlignCenter, u"Einsatzstelle Hauptstraße 12"_s);
+    painter.end();
+    photo.save(folder.filePath(u"Einsatzfoto.jpg"_s), "JPEG", 80);
+    if (compSqlConnection->tableExists(demoDocumentTable))
+        return;
+    documents_CreateTable(demoDocumentTable);
+    documents_Add(demoDocumentTable, demoVehicle, u"Fahrzeugbrief"_s, u"Fahrzeugbrief HLF 20.txt"_s);
+    documents_Add(demoDocumentTable, demoVehicle, u"Prüfbericht Drehleiter"_s, u"Prüfbericht Drehleiter 2026.txt"_s);
+    const QString stored = documents_Add(demoDocumentTable, demoVehicle, u"Einsatzfoto"_s, u"Einsatzfoto.jpg"_s);
+    SaveBinaryData(stored, demoDocumentTable, u"DOKUMENT"_s, folder.filePath(u"Einsatzfoto.jpg"_s));
 }
 
 } // namespace
@@ -55,6 +91,7 @@ void createDemoData()
         dispatch_CreateTables();
     createDemoStreetDirectory();
     tenants_SignInSampleUser();
+    createDemoDocuments();
 }
 
 TImportCommonForm *createDemoImportForm(QWidget *owner)

@@ -5,7 +5,8 @@
 // The demo data the windows show, created once per database: the system tables, the category
 // tree with the vehicle module and the ticks of one vehicle, the sample tenants, the street
 // directory (Musterstadt's streets and a thousand generated postcodes); then the sample user is
-// signed in.
+// signed in, and the demo vehicle's documents are made (a folder on the search path, binary
+// storage switched on).
 void createDemoData();
 
 class TImportCommonForm;
@@ -17,3 +18,5 @@ TImportCommonForm *createDemoImportForm(QWidget *owner);
 // The vehicle of the demo whose categories are ticked.
 inline const QString demoVehicle = QStringLiteral("FZ-1");
 inline const QString demoModule = QStringLiteral("Fahrzeuge");
+// The document table of the demo's vehicles.
+inline const QString demoDocumentTable = QStringLiteral("Fahrzeug_Dokumente");

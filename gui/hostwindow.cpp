@@ -5,6 +5,10 @@
 #include "importcommonform.h"
 #include "vehiclemask.h"
 #include "addressmask.h"
+#include "docmodicommon.h"
+#include "docopencommon.h"
+#include "docviewcommon.h"
+#include "parameter.h"
 #include "frmselecticoncommon.h"
 #include "symbolsview.h"
 #include "uierrors.h"
@@ -42,6 +46,19 @@ HostWindow::HostWindow(const QString &database, QWidget *parent)
         mask.exec();
     });
     forms->addSeparator();
+    forms->addAction(u"&Dokumente des Fahrzeugs (Liste) …"_s, this,
+                     [] { kx::showErrors([] { ShowCommonDokuments(demoDocumentTable, demoVehicle); }); });
+    forms->addAction(u"Dokumente des Fahrzeugs &bearbeiten …"_s, this, [this] {
+        kx::showErrors([this] {
+            TDocModiCommonForm editor(demoDocumentTable, this);
+            editor.SetUseBinaryDatabase(true);
+            editor.MainDocumentSwitch = true;
+            editor.LoadDocuments(demoVehicle);
+            editor.exec();
+        });
+    });
+    forms->addAction(u"Dokument &hinzufügen (Suchpfade) …"_s, this, [this] { kx::showErrors([this] { chooseDocument(); }); });
+    forms->addSeparator();
     forms->addAction(u"Symbol aus&wählen …"_s, this, [this] { kx::showErrors([this] { chooseSymbol(); }); });
     forms->addAction(u"Symbole der &Lagekarte …"_s, this, [this] { kx::showErrors([this] { showSymbols(); }); });
     forms->addSeparator();
@@ -70,6 +87,20 @@ void HostWindow::chooseSymbol()
                     QMessageBox::Ok, this);
     box.setIconPixmap(picture.pixmap());
     box.exec();
+}
+
+void HostWindow::chooseDocument()
+{
+    // The browser restricted to the search paths, as brigades that keep their documents on a
+    // shared folder configure it.
+    TCParameter settings;
+    const bool before = settings.ReadBool(u"Settings\\Dokuments"_s, u"OnlyUseSearchPath"_s);
+    settings.WriteBool(u"Settings\\Dokuments"_s, u"OnlyUseSearchPath"_s, true);
+    QString path;
+    const bool chosen = openCommonDocument(path);
+    settings.WriteBool(u"Settings\\Dokuments"_s, u"OnlyUseSearchPath"_s, before);
+    if (chosen)
+        QMessageBox::information(this, u"Dokument hinzufügen"_s, u"Gewählt: "_s + path);
 }
 
 void HostWindow::showSymbols()

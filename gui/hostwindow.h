@@ -12,6 +12,8 @@ public:
     explicit HostWindow(const QString &database, QWidget *parent = nullptr);
 
 private:
+    // A document chosen in the browser of the search paths.
+    void chooseDocument();
     // The icon selection, its choice shown with its picture.
     void chooseSymbol();
     // The symbols view in a window of its own, with the language of its texts to choose.

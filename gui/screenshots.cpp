@@ -2,6 +2,9 @@
 
 #include "addressmask.h"
 #include "demodata.h"
+#include "docmodicommon.h"
+#include "docsavecommon.h"
+#include "docviewcommon.h"
 #include "frmplzortstrassecommon.h"
 #include "frmselecticoncommon.h"
 #include "symbolsview.h"
@@ -20,6 +23,9 @@
 #include <QDir>
 #include <QPainter>
 #include <QPixmap>
+#include <QElapsedTimer>
+#include <QTreeView>
+#include <QListView>
 #include <QTreeWidget>
 #include <QTextStream>
 #include <memory>
@@ -155,13 +161,50 @@ bool iconSelection(const QString &folder)
     return save(framed(&form), folder, u"TfrmSelectIconForm"_s);
 }
 
+// The document editor of the demo vehicle: three documents, the photo stored in the database.
+bool documentEditor(const QString &folder)
+{
+    TDocModiCommonForm editor(demoDocumentTable);
+    editor.SetUseBinaryDatabase(true);
+    editor.MainDocumentSwitch = true;
+    editor.LoadDocuments(demoVehicle);
+    editor.DokumentList->setCurrentItem(editor.DokumentList->topLevelItem(0));
+    settle(&editor);
+    return save(framed(&editor), folder, u"TDocModiCommonForm"_s);
+}
+
+bool documentList(const QString &folder)
+{
+    TDocViewCommonForm list;
+    list.ShowCommonDokuments(demoDocumentTable, demoVehicle);
+    list.DocList->setCurrentItem(list.DocList->topLevelItem(1));
+    settle(&list);
+    return save(framed(&list), folder, u"TDocViewCommonForm"_s);
+}
+
+// The save browser on the search path, its folder read, a picture's name taken into the name.
+bool saveBrowser(const QString &folder)
+{
+    TDocSaveCommonForm browser;
+    settle(&browser);
+    // The folder is read in the background: wait for its entries, at most three seconds.
+    QElapsedTimer clock;
+    clock.start();
+    while (browser.ShellListView1->model()->rowCount(browser.ShellListView1->rootIndex()) == 0 && clock.elapsed() < 3000)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    browser.SaveName->setText(u"Einsatzfoto 2.jpg"_s);
+    settle(&browser);
+    return save(framed(&browser), folder, u"TDocSaveCommonForm"_s);
+}
+
 } // namespace
 
 bool renderScreenshots(const QString &folder)
 {
     QDir().mkpath(folder);
     bool written = true;
-    for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm, addressFrame, iconSelection })
+    for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm, addressFrame, iconSelection, documentList,
+                                                         documentEditor, saveBrowser })
         written = render(folder) && written;
     return written;
 }

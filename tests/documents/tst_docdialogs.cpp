@@ -79,6 +79,11 @@ TEST_F(DocDialogsTest, SearchPathsOnceAndTheRootWithoutThem)
     EXPECT_EQ(form.windowTitle(), u"Dokument hinzufügen"_s);
     EXPECT_EQ(form.SearchIn->count(), 2);
     EXPECT_EQ(form.Root(), docs);
+    QDir().mkpath(m_scratch.filePath(u"Privat"_s)); // beside the search path: not offered
+    form.SetRoot(docs);
+    const QModelIndex top = form.ShellTreeView1->rootIndex();
+    ASSERT_EQ(form.ShellTreeView1->model()->rowCount(top), 1);
+    EXPECT_EQ(form.ShellTreeView1->model()->index(0, 0, top).data().toString(), u"Dokumente"_s);
     EXPECT_EQ(listed(form.ShellListView1, 5), (QStringList{ u"Bericht.pdf"_s, u"Scan.JPG"_s, u"Scan.jpeg"_s, u"Scan.png"_s,
                                                             u"alt.jpg"_s }))
         << "files only";
