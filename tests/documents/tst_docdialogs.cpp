@@ -82,6 +82,8 @@ TEST_F(DocDialogsTest, SearchPathsOnceAndTheRootWithoutThem)
     QDir().mkpath(m_scratch.filePath(u"Privat"_s)); // beside the search path: not offered
     form.SetRoot(docs);
     const QModelIndex top = form.ShellTreeView1->rootIndex();
+    // The folders are read in the background: give a sibling time to turn up.
+    (void)QTest::qWaitFor([&] { return form.ShellTreeView1->model()->rowCount(top) > 1; }, 1500);
     ASSERT_EQ(form.ShellTreeView1->model()->rowCount(top), 1);
     EXPECT_EQ(form.ShellTreeView1->model()->index(0, 0, top).data().toString(), u"Dokumente"_s);
     EXPECT_EQ(listed(form.ShellListView1, 5), (QStringList{ u"Bericht.pdf"_s, u"Scan.JPG"_s, u"Scan.jpeg"_s, u"Scan.png"_s,
