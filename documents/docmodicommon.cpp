@@ -26,6 +26,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QMenu>
 #include <QPushButton>
 #include <QSet>
@@ -72,6 +73,11 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     , DoPost(new QAction(u"Übernehmen"_s, this))
     , DoDelete(new QAction(u"Löschen"_s, this))
     , DoClose(new QAction(u"Schließen"_s, this))
+    , DoDeleteAll(new QAction(u"Alle löschen"_s, this))
+    , DoFirst(new QAction(u"Erster"_s, this))
+    , DoPrior(new QAction(u"Vorheriger"_s, this))
+    , DoNext(new QAction(u"Nächster"_s, this))
+    , DoLast(new QAction(u"Letzter"_s, this))
     , DokumentList(createReportList(ListPanel, u"DokumentList"_s, { u"Bezeichnung"_s, u"Dokument"_s, u"Ablage"_s },
                                     { 170, 250, 90 }))
     , MAINDOC(new QCheckBox(u"Hauptdokument"_s, this))
@@ -105,6 +111,9 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
         { ToolButton121, u"Dokument öffnen"_s }, { ToolButton3, u"Dokument scannen"_s },
         { DoAppend, u"Datensatz anlegen"_s },    { DoPost, u"Datensatz übernehmen"_s },
         { DoDelete, u"Datensatz löschen"_s },    { DoClose, u"Schließen"_s },
+        { DoDeleteAll, u"Datensätze löschen"_s }, { DoFirst, u"Erster Datensatz"_s },
+        { DoPrior, u"Vorheriger Datensatz"_s },  { DoNext, u"Nächster Datensatz"_s },
+        { DoLast, u"Letzter Datensatz"_s },
     };
     for (const auto &[action, hint] : hints)
         action->setToolTip(hint);
@@ -112,6 +121,14 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     ToolBar->addActions({ ToolButton121, ToolButton3 });
     ToolBar->addSeparator();
     ToolBar->addActions({ DoAppend, DoPost, DoDelete });
+    ToolBar->addSeparator();
+    ToolBar->addActions({ DoFirst, DoPrior, DoNext, DoLast });
+    ToolBar->addSeparator();
+    ToolBar->addAction(DoDeleteAll);
+    DoFirst->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home));
+    DoPrior->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
+    DoNext->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
+    DoLast->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_End));
     auto *panel = new QVBoxLayout(ListPanel);
     panel->setContentsMargins(0, 0, 0, 0);
     panel->addWidget(ToolBar);
@@ -141,6 +158,11 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     handle(DoPost, &QAction::triggered, &TDocModiCommonForm::PostRecord);
     handle(DoDelete, &QAction::triggered, &TDocModiCommonForm::DeleteRecord);
     handle(DoClose, &QAction::triggered, &TDocModiCommonForm::DoCloseExecute);
+    handle(DoDeleteAll, &QAction::triggered, &TDocModiCommonForm::DeleteAllRecords);
+    connect(DoFirst, &QAction::triggered, this, [this] { MoveTo(0); });
+    connect(DoPrior, &QAction::triggered, this, [this] { MoveTo(std::max(0, SelectedRow() - 1)); });
+    connect(DoNext, &QAction::triggered, this, [this] { MoveTo(SelectedRow() + 1); });
+    connect(DoLast, &QAction::triggered, this, [this] { MoveTo(RowCount() - 1); });
     handle(close, &QPushButton::clicked, &TDocModiCommonForm::DoCloseExecute);
     handle(Dokumentspeichern1, &QAction::triggered, &TDocModiCommonForm::Dokumentspeichern1Click);
     handle(Button1, &QPushButton::clicked, &TDocModiCommonForm::Button1Click);
@@ -408,6 +430,24 @@ void TDocModiCommonForm::DeleteRecord()
                     + kx::sqlQuoted(DataAccess_Doc->Tablename.toUpper()));
     }
     delete DokumentList->takeTopLevelItem(row);
+}
+
+void TDocModiCommonForm::DeleteAllRecords()
+{
+    if (RowCount() == 0
+        || MsgDlg(u"Alle %1 Dokumente dieses Datensatzes löschen?"_s.arg(RowCount()), TMsgDlgType::mtConfirmation, mbYesNo)
+            != mrYes)
+        return;
+    while (RowCount() > 0) {
+        DokumentList->setCurrentItem(DokumentList->topLevelItem(0));
+        DeleteRecord();
+    }
+}
+
+void TDocModiCommonForm::MoveTo(int row)
+{
+    if (row >= 0 && row < RowCount())
+        DokumentList->setCurrentItem(DokumentList->topLevelItem(row));
 }
 
 void TDocModiCommonForm::ToolButton3Click()

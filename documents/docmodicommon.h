@@ -38,6 +38,7 @@ public:
     QAction *ToolButton121; // open
     QAction *ToolButton3;   // scan
     QAction *DoAppend, *DoPost, *DoDelete, *DoClose;
+    QAction *DoDeleteAll, *DoFirst, *DoPrior, *DoNext, *DoLast; // in the list's record menu
     QTreeWidget *DokumentList;
     QCheckBox *MAINDOC;
     QMenu *DokumentPopup;
@@ -76,6 +77,10 @@ public:
     void AppendRecord();
     void PostRecord();
     void DeleteRecord();
+    // Deletes every document of the record, after asking.
+    void DeleteAllRecords();
+    // Moves the selection (first, previous, next, last row).
+    void MoveTo(int row);
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -151,6 +151,22 @@ TEST_F(DocModiTest, OneMainDocumentPerRecord)
     form.PostRecord();
     EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG, MAINDOC from Fahrzeug_Dokumente order by BEZEICHNUNG"_s),
               (QStringList{ u"A|0"_s, u"B|0"_s, u"C|1"_s }));
+
+    // The record actions move through the list and, once confirmed, delete every document.
+    for (const auto &[action, row] : { std::pair{ form.DoFirst, 0 }, { form.DoNext, 1 }, { form.DoLast, 2 }, { form.DoPrior, 1 } }) {
+        action->trigger();
+        EXPECT_EQ(form.SelectedRow(), row) << action->toolTip().toStdString();
+        EXPECT_EQ(form.DocBezeichnung->Text(), form.Row(row).Value(u"BEZEICHNUNG"_s));
+    }
+    {
+        kxtest::ScriptedMessages answers({ { u"Alle 3 Dokumente dieses Datensatzes löschen?"_s, mrNo },
+                                           { u"Alle 3 Dokumente dieses Datensatzes löschen?"_s, mrYes } });
+        form.DoDeleteAll->trigger();
+        EXPECT_EQ(form.RowCount(), 3);
+        form.DoDeleteAll->trigger();
+    }
+    EXPECT_EQ(form.RowCount(), 0);
+    EXPECT_EQ(kxtest::rows(u"select count(*) from Fahrzeug_Dokumente"_s), QStringList{ u"0"_s });
 }
 
 TEST_F(DocModiTest, CloningKeepsOrAddsTheChangeStamp)
