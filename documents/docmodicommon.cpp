@@ -74,10 +74,10 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     , DoDelete(new QAction(u"Löschen"_s, this))
     , DoClose(new QAction(u"Schließen"_s, this))
     , DoDeleteAll(new QAction(u"Alle löschen"_s, this))
-    , DoFirst(new QAction(u"Erster"_s, this))
-    , DoPrior(new QAction(u"Vorheriger"_s, this))
-    , DoNext(new QAction(u"Nächster"_s, this))
-    , DoLast(new QAction(u"Letzter"_s, this))
+    , DoFirst(new QAction(u"|◀"_s, this))
+    , DoPrior(new QAction(u"◀"_s, this))
+    , DoNext(new QAction(u"▶"_s, this))
+    , DoLast(new QAction(u"▶|"_s, this))
     , DokumentList(createReportList(ListPanel, u"DokumentList"_s, { u"Bezeichnung"_s, u"Dokument"_s, u"Ablage"_s },
                                     { 170, 250, 90 }))
     , MAINDOC(new QCheckBox(u"Hauptdokument"_s, this))
@@ -147,7 +147,7 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     layout->addWidget(DocBezeichnung);
     layout->addWidget(ListPanel, 1);
     layout->addLayout(buttons);
-    resize(620, 420);
+    resize(680, 420);
 
     const auto handle = [this](auto *sender, auto signal, void (TDocModiCommonForm::*handler)()) {
         kx::connectHandler(sender, signal, this, handler);
