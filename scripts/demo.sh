@@ -111,3 +111,15 @@ step symbols pack "$symbols" "$work/symbols.pak"
 step symbols list "$work/symbols.pak"
 hlf=$("$kx" symbols list "$work/symbols.pak" 2>/dev/null | awk '$NF == "HLF" { print $1 }')
 step symbols extract "$work/symbols.pak" "$hlf" "$work/hlf.png"
+
+echo
+echo "--- Dokumente: eine Datei in der Datenbank ablegen, auflisten, wieder herausholen, zu einem anderen Fahrzeug kopieren ---"
+printf 'Einsatzbericht 2026-117\r\nBrand in der Hauptstraße 12\r\n' > "$work/Einsatzbericht.txt"
+step docs add Fahrzeug_Dokumente FZ-1 "$work/Einsatzbericht.txt" --binary --name "Einsatzbericht 117"
+step docs add Fahrzeug_Dokumente FZ-1 /daten/fahrzeuge/Fahrzeugbrief.pdf --name Fahrzeugbrief
+step docs list Fahrzeug_Dokumente FZ-1
+doc=$("$kx" --db "$db" docs list Fahrzeug_Dokumente FZ-1 | awk '/Einsatzbericht/ { print $1 }')
+mkdir -p "$work/ablage"
+step docs extract Fahrzeug_Dokumente "$doc" "$work/ablage"
+step docs clone Fahrzeug_Dokumente FZ-1 FZ-2
+step docs list Fahrzeug_Dokumente FZ-2
