@@ -40,22 +40,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString resNoScanner = u"Bitte stellen Sie unter System\\Einstellungen\\System einen Scanner ein."_s; // 65513
-const QString resScannerInUse = u"Scanner ist wird bereits benutzt!"_s;                                    // 65512
-const QString resNoScanNow = u"Scannen im Moment nicht möglich."_s;                                         // 65511
-constexpr int jpegQuality = 50; // the value the scan passes for the JPEG picture: its quality
 constexpr int PairsRole = Qt::UserRole;
-const QString realMark = u"_Real_"_s, modiMark = u"_Modi_"_s, newMark = u"_New_"_s;
-
-QString nowText()
-{
-    return QTime::currentTime().toString(u"hh:mm:ss"_s);
-}
-
-QString pairText(const QVariant &value)
-{
-    return value.typeId() == QMetaType::QDate ? value.toDate().toString(Qt::ISODate) : value.toString();
-}
 
 } // namespace
 
@@ -213,7 +198,7 @@ void TDocModiCommonForm::SetRow(int index, const kx::NameValues &pairs)
     item->setData(0, PairsRole, pairs.Lines());
     item->setText(0, pairs.Value(u"BEZEICHNUNG"_s));
     item->setText(1, pairs.Value(u"DOKUMENT"_s));
-    item->setText(2, pairs.Value(realMark) == u"1"_s ? u"Datenbank"_s : u"Datei"_s);
+    item->setText(2, pairs.Value(RealMark) == u"1"_s ? u"Datenbank"_s : u"Datei"_s);
 }
 
 QTreeWidgetItem *TDocModiCommonForm::addRow(const kx::NameValues &pairs)
@@ -227,37 +212,6 @@ int TDocModiCommonForm::SelectedRow() const
 {
     const QList<QTreeWidgetItem *> selected = DokumentList->selectedItems();
     return selected.isEmpty() ? -1 : DokumentList->indexOfTopLevelItem(selected.first());
-}
-
-void TDocModiCommonForm::LoadDocuments(const QString &ParentId)
-{
-    m_parentId = ParentId;
-    DokumentList->clear();
-    const QString table = DataAccess_Doc->Tablename;
-    QSet<QString> stored;
-    if (compSqlConnection->tableExists(u"BinaryData"_s))
-        for (const auto &row : compSqlConnection->execute(u"select IDPARENT from BinaryData where TABLEPARENT="_s
-                                                          + kx::sqlQuoted(table.toUpper()) + u" and DATAFILTER='DOKUMENT'"_s)
-                                   .rows)
-            stored.insert(row.value(0).toString());
-    TCSqlQuery query;
-    query.Connection = compSqlConnection;
-    query.SQL.Add(u"select * from "_s + table + u" where IDPARENT="_s + kx::sqlQuoted(ParentId) + u" order by BEZEICHNUNG"_s);
-    query.Open();
-    for (; !query.Eof(); query.Next()) {
-        kx::NameValues pairs;
-        for (int c = 0; c < query.FieldCount(); ++c) {
-            const TCQueryField field = query.Fields(c);
-            const TCFieldDef *definition = DataAccess_Doc->Fields.GetItemFromFieldname(field.FieldName());
-            // Deliberate: a null column leaves no pair, so a copy adds its own change stamp.
-            if (definition && !field.IsNull())
-                pairs.SetValue(definition->Fieldname, pairText(field.Value()));
-        }
-        pairs.SetValue(realMark, stored.contains(pairs.Value(u"ID"_s)) ? u"1"_s : u"0"_s);
-        pairs.SetValue(modiMark, u"0"_s);
-        addRow(pairs);
-    }
-    query.Close();
 }
 
 void TDocModiCommonForm::SetUseBinaryDatabase(bool Value)
@@ -292,7 +246,7 @@ void TDocModiCommonForm::ToolButton121Click()
     if (row < 0)
         return;
     const kx::NameValues pairs = Row(row);
-    if (pairs.Value(realMark) != u"1"_s) {
+    if (pairs.Value(RealMark) != u"1"_s) {
         ShellExecuteAndSearchDokument(Dokumente->Text(), false);
         return;
     }
@@ -309,7 +263,7 @@ void TDocModiCommonForm::DokumentListDblClick()
 void TDocModiCommonForm::Dokumentspeichern1Click()
 {
     const int row = SelectedRow();
-    if (row < 0 || Row(row).Value(realMark) != u"1"_s)
+    if (row < 0 || Row(row).Value(RealMark) != u"1"_s)
         return;
     TCDirectorySelectDlg folder(this);
     folder.SetHandle(this);
@@ -342,7 +296,7 @@ void TDocModiCommonForm::DataAccess_DoclvBeforePost()
         if (pairs.Value(u"MAINDOC"_s) != u"1"_s)
             continue;
         pairs.SetValue(u"MAINDOC"_s, u"0"_s);
-        pairs.SetValue(modiMark, u"1"_s);
+        pairs.SetValue(ModiMark, u"1"_s);
         SetRow(i, pairs);
     }
 }
@@ -353,9 +307,9 @@ void TDocModiCommonForm::AppendRecord()
     pairs.SetValue(u"ID"_s, sqlGenIdValue());
     pairs.SetValue(u"IDPARENT"_s, m_parentId);
     pairs.SetValue(u"MAINDOC"_s, u"0"_s);
-    pairs.SetValue(realMark, u"0"_s);
-    pairs.SetValue(modiMark, u"1"_s);
-    pairs.SetValue(newMark, u"1"_s);
+    pairs.SetValue(RealMark, u"0"_s);
+    pairs.SetValue(ModiMark, u"1"_s);
+    pairs.SetValue(NewMark, u"1"_s);
     DokumentList->setCurrentItem(addRow(pairs));
     Dokumente->setText(QString());
     DocBezeichnung->setText(QString());
@@ -376,44 +330,9 @@ void TDocModiCommonForm::PostRecord()
     pairs.SetValue(u"BEZEICHNUNG"_s, bezeichnung);
     pairs.SetValue(u"DOKUMENT"_s, dokument);
     pairs.SetValue(u"MAINDOC"_s, mainDocument ? u"1"_s : u"0"_s);
-    pairs.SetValue(modiMark, u"1"_s);
+    pairs.SetValue(ModiMark, u"1"_s);
     SetRow(row, pairs);
     saveChangedRows();
-}
-
-void TDocModiCommonForm::saveChangedRows()
-{
-    const QString table = DataAccess_Doc->Tablename;
-    const TCFieldDef *document = DataAccess_Doc->Fields.GetItemFromFieldname(u"DOKUMENT"_s);
-    for (int i = 0; i < RowCount(); ++i) {
-        kx::NameValues pairs = Row(i);
-        if (pairs.Value(modiMark) != u"1"_s)
-            continue;
-        const QString id = pairs.Value(u"ID"_s);
-        const QString file = pairs.Value(u"DOKUMENT"_s);
-        // Stored in the database: the file's content goes in, the column keeps its name.
-        const bool binary = document->SaveBinary && cEnableBinarySave && QFileInfo(file).isFile();
-        if (binary)
-            pairs.SetValue(u"DOKUMENT"_s, QFileInfo(file).fileName());
-        pairs.SetValue(u"LDATE"_s, QDate::currentDate().toString(Qt::ISODate));
-        pairs.SetValue(u"LTIME"_s, nowText());
-        pairs.SetValue(u"LUSER"_s, User.Name);
-        kx::SqlValueList values;
-        for (int p = 0; p < pairs.Count(); ++p)
-            if (DataAccess_Doc->Fields.GetItemFromFieldname(pairs.Name(p)))
-                values.addText(pairs.Name(p), pairs.Value(pairs.Name(p)));
-        if (pairs.Value(newMark) == u"1"_s)
-            SqlExec(SqlBuildInsertSql(table, values.pairs()));
-        else
-            SqlExec(SqlBuildUpdateSql(table, values.pairs(), u"Where ID="_s + kx::sqlQuoted(id)));
-        if (binary) {
-            SaveBinaryData(id, table, u"DOKUMENT"_s, file);
-            pairs.SetValue(realMark, u"1"_s);
-        }
-        pairs.SetValue(modiMark, u"0"_s);
-        pairs.SetValue(newMark, u"0"_s);
-        SetRow(i, pairs);
-    }
 }
 
 void TDocModiCommonForm::DeleteRecord()
@@ -422,10 +341,10 @@ void TDocModiCommonForm::DeleteRecord()
     if (row < 0)
         return;
     const kx::NameValues pairs = Row(row);
-    if (pairs.Value(newMark) != u"1"_s) {
+    if (pairs.Value(NewMark) != u"1"_s) {
         const QString id = kx::sqlQuoted(pairs.Value(u"ID"_s));
         SqlExec(u"delete from "_s + DataAccess_Doc->Tablename + u" where ID="_s + id);
-        if (pairs.Value(realMark) == u"1"_s)
+        if (pairs.Value(RealMark) == u"1"_s)
             SqlExec(u"delete from BinaryData where IDPARENT="_s + id + u" and TABLEPARENT="_s
                     + kx::sqlQuoted(DataAccess_Doc->Tablename.toUpper()));
     }
@@ -450,79 +369,3 @@ void TDocModiCommonForm::MoveTo(int row)
         DokumentList->setCurrentItem(DokumentList->topLevelItem(row));
 }
 
-void TDocModiCommonForm::ToolButton3Click()
-{
-    const QString scanner = TCIniFile(cDatabaseIni).ReadString(u"System"_s, u"Scanner"_s, u"-1"_s);
-    if (scanner == u"-1"_s || scanner.trimmed().isEmpty()) {
-        MsgDlg(resNoScanner, TMsgDlgType::mtInformation, mbOK);
-        return;
-    }
-    if (Parameter->Read(u"Scanner"_s, u"isScanning"_s, u"0"_s) == u"1"_s) {
-        MsgDlg(resScannerInUse + u'\r' + resNoScanNow, TMsgDlgType::mtInformation, mbOK);
-        return;
-    }
-    try {
-        Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"1"_s);
-        const std::unique_ptr<TScannerSession> twain = scannerFactory()();
-        twain->LoadTwainModule();
-        twain->OpenSourceManager();
-        const QStringList sources = twain->GetSources();
-        twain->CloseTwainSession();
-        twain->UnLoadTwainModule();
-        if (!sources.contains(scanner)) {
-            MsgDlg(resNoScanner, TMsgDlgType::mtInformation, mbOK);
-            Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
-            return;
-        }
-        twain->LoadTwainModule();
-        twain->OpenSourceManager();
-        twain->SelectSource(scanner);
-        twain->OpenSource();
-        const QByteArray image = twain->AcquireJpg(jpegQuality);
-        twain->CloseTwainSession();
-        twain->UnLoadTwainModule();
-        Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
-        QString path;
-        if (SaveCommonDocument(path)) {
-            const QFileInfo target(path);
-            path = target.path() + u'/' + target.completeBaseName() + u".jpg"_s;
-            Dokumente->setText(path);
-            QFile out(path);
-            if (!out.open(QIODevice::WriteOnly) || out.write(image) != image.size())
-                throw kx::Error(u"Die Datei %1 lässt sich nicht schreiben: %2"_s.arg(path, out.errorString()));
-        }
-    } catch (const std::exception &e) {
-        const auto *error = dynamic_cast<const kx::Error *>(&e);
-        writeErrorLog(u"TDocModiCommonForm.ToolButton3Click: "_s + (error ? error->message() : QString::fromLocal8Bit(e.what())));
-        Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
-    }
-}
-
-void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
-{
-    TCSqlQuery query;
-    query.Connection = compSqlConnection;
-    for (int i = 0; i < RowCount(); ++i) {
-        kx::NameValues pairs = Row(i);
-        if (pairs.Count() == 0)
-            continue;
-        for (int p = pairs.Count() - 1; p >= 0; --p)
-            if (!DataAccess_Doc->Fields.GetItemFromFieldname(pairs.Name(p)))
-                pairs.Delete(p);
-        pairs.SetValue(u"ID"_s, sqlGenIdValue());
-        pairs.SetValue(u"IDPARENT"_s, NewParentId);
-        if (!pairs.Contains(u"LDATE"_s))
-            pairs.SetValue(u"LDATE"_s, sqlConvertDate(QDate::currentDate()));
-        if (!pairs.Contains(u"LTIME"_s))
-            pairs.SetValue(u"LTIME"_s, nowText());
-        if (!pairs.Contains(u"LUSER"_s))
-            pairs.SetValue(u"LUSER"_s, User.Name);
-        // Deliberate: values are wrapped in quotes as they stand, a quote inside is not doubled.
-        QStringList quoted;
-        for (int p = 0; p < pairs.Count(); ++p)
-            quoted << pairs.Name(p) + u"='"_s + pairs.Value(pairs.Name(p)) + u'\'';
-        query.SQL.Clear();
-        query.SQL.Add(SqlBuildInsertSql(DataAccess_Doc->Tablename, quoted));
-        query.ExecSQL();
-    }
-}

@@ -56,6 +56,10 @@ public:
     // Copies every row of the list to the record NewParentId.
     void CloneDocuments(const QString &NewParentId);
 
+    // The markers of a list row: content in the database, changed, not yet in the table.
+    static inline const QString RealMark = QStringLiteral("_Real_");
+    static inline const QString ModiMark = QStringLiteral("_Modi_");
+    static inline const QString NewMark = QStringLiteral("_New_");
     // The list's rows as their pairs, markers included.
     kx::NameValues Row(int index) const;
     void SetRow(int index, const kx::NameValues &pairs);
