@@ -198,9 +198,16 @@ private:
 TOoxmlWordApplication::TOoxmlWordApplication() = default;
 TOoxmlWordApplication::~TOoxmlWordApplication() = default;
 
-bool TOoxmlWordApplication::CanFill(const QString &templateFile) const
+QString TOoxmlWordApplication::CannotFill(const QString &templateFile) const
 {
-    return QStringList{ u"docx"_s, u"dotx"_s, u"docm"_s, u"dotm"_s }.contains(suffixOf(templateFile));
+    if (!QStringList{ u"docx"_s, u"dotx"_s, u"docm"_s, u"dotm"_s }.contains(suffixOf(templateFile)))
+        return u"eine binäre Word-Datei, die hier nicht gefüllt werden kann; bitte als .docx oder .dotx speichern"_s;
+    QuaZip zip(templateFile);
+    if (!zip.open(QuaZip::mdUnzip))
+        return u"kein Office-Open-XML-Dokument (kein Zip-Archiv)"_s;
+    if (!zip.setCurrentFile(documentPart))
+        return u"dem Archiv fehlt der Dokumentteil %1"_s.arg(documentPart);
+    return QString();
 }
 
 void TOoxmlWordApplication::DocumentsAdd(const QString &templateFile)

@@ -10,13 +10,14 @@
 // Documents.Add copies the template into a new document in the work folder, the form fields are
 // the template's legacy text form fields, and Result replaces a field's shown text. Release
 // writes the documents and opens each for the user through the document launcher. Binary
-// .doc/.dot templates cannot be filled: CanFill is false for them.
+// .doc/.dot templates, files that are no zip archive and archives without a document part cannot
+// be filled: CannotFill says why.
 class TOoxmlWordApplication : public TWordApplication
 {
 public:
     TOoxmlWordApplication();
     ~TOoxmlWordApplication() override;
-    bool CanFill(const QString &templateFile) const override;
+    QString CannotFill(const QString &templateFile) const override;
     void SetVisible(bool visible) override { m_visible = visible; }
     void DocumentsAdd(const QString &templateFile) override;
     TWordDocument *ActiveDocument() override;

@@ -101,9 +101,8 @@ void ShellExecuteAndSearchDokument(const QString &FileName, const QString &Table
     if (templateFile.isEmpty())
         return;
     std::unique_ptr<TWordApplication> word = wordApplicationFactory()();
-    if (!word->CanFill(templateFile)) {
-        writeLog(u"Seriendruck: die Vorlage %1 ist eine binäre Word-Datei, die hier nicht gefüllt werden kann; "
-                 u"bitte als .docx oder .dotx speichern."_s.arg(templateFile));
+    if (const QString reason = word->CannotFill(templateFile); !reason.isEmpty()) {
+        writeLog(u"Seriendruck: die Vorlage %1 wird nicht gefüllt: %2."_s.arg(templateFile, reason));
         return;
     }
     TCSqlQuery query;

@@ -20,8 +20,9 @@ class TWordApplication
 {
 public:
     virtual ~TWordApplication() = default;
-    // False for a template this word processor cannot fill; the merge then does nothing.
-    virtual bool CanFill(const QString &templateFile) const = 0;
+    // Why this word processor cannot fill the template (the merge then logs it and does
+    // nothing); empty when it can.
+    virtual QString CannotFill(const QString &templateFile) const = 0;
     virtual void SetVisible(bool visible) = 0;
     // A new document from the template, which becomes the active document.
     virtual void DocumentsAdd(const QString &templateFile) = 0;

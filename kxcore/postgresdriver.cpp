@@ -109,22 +109,28 @@ public:
 
     const SqlDialect &dialect() const override { return postgresDialect(); }
 
-    // The value is emptied, then each piece appended as a binary parameter, in one transaction;
-    // reading takes it back piece by piece in binary result format.
+    // The pieces go into a temporary table as binary parameters, then one UPDATE joins them into
+    // the value (appending piece by piece would rewrite the growing value each time); all in one
+    // transaction. Reading takes the value back piece by piece in binary result format.
     void writeBlob(const BlobLocation &at, QIODevice &source) override
     {
         execute(u"BEGIN"_s);
         try {
-            if (execute(u"update %1 set %2=''::bytea where %3"_s.arg(at.table, at.column, at.where())).rowsAffected != 1)
-                throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
-            const QByteArray append = u"update %1 set %2=%2 || $1 where %3"_s.arg(at.table, at.column, at.where()).toUtf8();
+            execute(u"CREATE TEMPORARY TABLE kx_blob_pieces (n integer, piece bytea) ON COMMIT DROP"_s);
+            const QByteArray insert = "insert into kx_blob_pieces (n, piece) values ($1::integer, $2)";
+            int n = 0;
             for (QByteArray chunk = source.read(blobChunk); !chunk.isEmpty(); chunk = source.read(blobChunk)) {
-                const char *values[] = { chunk.constData() };
-                const int lengths[] = { int(chunk.size()) };
-                const int formats[] = { 1 };
-                const Oid types[] = { PgBytea };
-                PQclear(check(PQexecParams(m_conn, append.constData(), 1, types, values, lengths, formats, 0), append));
+                const QByteArray number = QByteArray::number(n++);
+                const char *values[] = { number.constData(), chunk.constData() };
+                const int lengths[] = { int(number.size()), int(chunk.size()) };
+                const int formats[] = { 0, 1 };
+                const Oid types[] = { 0, PgBytea };
+                PQclear(check(PQexecParams(m_conn, insert.constData(), 2, types, values, lengths, formats, 0), insert));
             }
+            if (execute(u"update %1 set %2=coalesce((select string_agg(piece, ''::bytea order by n) from kx_blob_pieces), "
+                        u"''::bytea) where %3"_s.arg(at.table, at.column, at.where()))
+                    .rowsAffected != 1)
+                throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
             execute(u"COMMIT"_s);
         } catch (...) {
             PQclear(PQexec(m_conn, "ROLLBACK"));

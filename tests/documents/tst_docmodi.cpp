@@ -141,7 +141,7 @@ TEST_F(DocModiTest, OneMainDocumentPerRecord)
     form.LoadDocuments(u"FZ-1"_s);
     post(form, u"A"_s, u"a.pdf"_s, true);
     post(form, u"B"_s, u"b.pdf"_s);
-    post(form, u"C"_s, u"c.pdf"_s);
+    post(form, u"C"_s, u"/daten/O'Brien \"alt\".pdf"_s); // quotes in a path are saved as they are
     select(form, 2);
     form.MAINDOC->setChecked(true);
     form.DataAccess_DoclvBeforePost();
@@ -151,6 +151,8 @@ TEST_F(DocModiTest, OneMainDocumentPerRecord)
     form.PostRecord();
     EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG, MAINDOC from Fahrzeug_Dokumente order by BEZEICHNUNG"_s),
               (QStringList{ u"A|0"_s, u"B|0"_s, u"C|1"_s }));
+    EXPECT_EQ(kxtest::rows(u"select DOKUMENT from Fahrzeug_Dokumente where BEZEICHNUNG='C'"_s),
+              QStringList{ u"/daten/O'Brien \"alt\".pdf"_s });
 
     // The record actions move through the list and, once confirmed, delete every document.
     for (const auto &[action, row] : { std::pair{ form.DoFirst, 0 }, { form.DoNext, 1 }, { form.DoLast, 2 }, { form.DoPrior, 1 } }) {

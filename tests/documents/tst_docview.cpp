@@ -128,6 +128,9 @@ TEST_F(DocViewTest, OpeningTheChosenDocument)
     QTest::mouseDClick(form.DocList->viewport(), Qt::LeftButton, {}, first.center());
     EXPECT_EQ(opened, QStringList{ m_scratch.filePath(u"Fahrzeugbrief.pdf"_s) });
     EXPECT_TRUE(form.isVisible()) << "the list stays open";
+    QFile::remove(m_scratch.filePath(u"Fahrzeugbrief.pdf"_s)); // gone since the list was filled
+    form.DoOpen->trigger();
+    EXPECT_EQ(opened.size(), 1) << "nothing more opened, and no error";
 
     // The modal list of the free function, closed by its action.
     bool listed = false;

@@ -11,6 +11,9 @@
 #include "toolscommon.h"
 #include "wordtemplate.h"
 
+#include <quazip.h>
+#include <quazipfile.h>
+
 #include <QDir>
 #include <QFile>
 #include <QWidget>
@@ -72,7 +75,7 @@ public:
         , m_fields(std::move(fields))
     {
     }
-    bool CanFill(const QString &) const override { return true; }
+    QString CannotFill(const QString &) const override { return {}; }
     void SetVisible(bool visible) override { m_calls << u"Visible=%1"_s.arg(visible); }
     void DocumentsAdd(const QString &templateFile) override { m_calls << u"Add "_s + QFileInfo(templateFile).fileName(); }
     TWordDocument *ActiveDocument() override { return this; }
@@ -136,6 +139,7 @@ protected:
 TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
 {
     writeFile(docs + u"/Bericht.pdf"_s);
+    writeFile(docs + u"/O'Brien \"alt\".pdf"_s);
     writeFile(docs + u"/Lage.LDMV.bak"_s);
     const QString notFound = u"Datei wurde nicht gefunden."_s;
     const struct
@@ -149,6 +153,7 @@ TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
         { "a link without its scheme is a file name", u"www.feuerwehr-musterstadt.de"_s, launchSucceeded, {}, notFound },
         { "a file found on the search path", u"Bericht.pdf"_s, launchSucceeded, { u"file "_s + docs + u"/Bericht.pdf"_s }, {} },
         { "its launch is never reported", u"Bericht.pdf"_s, 31, { u"file "_s + docs + u"/Bericht.pdf"_s }, {} },
+        { "quotes in the name", u"O'Brien \"alt\".pdf"_s, launchSucceeded, { u"file "_s + docs + u"/O'Brien \"alt\".pdf"_s }, {} },
         { "ftp: anywhere in the name, any case", u"Plan siehe fTp://server/plan.pdf"_s, launchSucceeded,
           { u"link Plan siehe fTp://server/plan.pdf"_s }, {} },
         { "a link's failure with its text", u"http://intranet/x"_s, 31, { u"link http://intranet/x"_s },
@@ -233,13 +238,40 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
     EXPECT_TRUE(zipEntry(first, u"[Content_Types].xml"_s).contains("wordprocessingml.document.main+xml"));
     EXPECT_TRUE(zipEntry(first, u"word/document.xml"_s).contains("Sehr geehrte(r) </w:t>"));
 
-    // A binary template cannot be filled here: one log line, no document.
-    calls.clear();
-    ShellExecuteAndSearchDokument(u"Brief.dot"_s, u"PERSONEN"_s, sql);
-    EXPECT_TRUE(calls.isEmpty());
-    QFile log(QDir(cWorkPath).filePath(u"kxcommon.log"_s));
-    log.open(QIODevice::ReadOnly);
-    EXPECT_TRUE(QString::fromUtf8(log.readAll()).contains(u"binäre Word-Datei"_s));
+    // Templates that cannot be filled: one clear log line each, no document, nothing half-written.
+    writeFile(docs + u"/Kaputt.dotx"_s, "kein Zip-Archiv");
+    {
+        QuaZip zip(docs + u"/Leer.docx"_s);
+        ASSERT_TRUE(zip.open(QuaZip::mdCreate));
+        QuaZipFile entry(&zip);
+        ASSERT_TRUE(entry.open(QIODevice::WriteOnly, QuaZipNewInfo(u"[Content_Types].xml"_s)));
+        entry.write("<Types/>");
+    }
+    const struct
+    {
+        QString file, logged;
+    } refused[] = {
+        { u"Brief.dot"_s, u"eine binäre Word-Datei, die hier nicht gefüllt werden kann"_s },
+        { u"Kaputt.dotx"_s, u"kein Office-Open-XML-Dokument (kein Zip-Archiv)"_s },
+        { u"Leer.docx"_s, u"dem Archiv fehlt der Dokumentteil word/document.xml"_s },
+    };
+    const QStringList before = QDir(cWorkPath).entryList(QDir::Files);
+    for (const auto &r : refused) {
+        SCOPED_TRACE(r.file.toStdString());
+        calls.clear();
+        ShellExecuteAndSearchDokument(r.file, u"PERSONEN"_s, sql);
+        EXPECT_TRUE(calls.isEmpty());
+        QFile log(QDir(cWorkPath).filePath(u"kxcommon.log"_s));
+        log.open(QIODevice::ReadOnly);
+        const QString lines = QString::fromUtf8(log.readAll());
+        EXPECT_TRUE(lines.contains(u"Seriendruck: die Vorlage "_s + docs + u'/' + r.file + u" wird nicht gefüllt: "_s + r.logged))
+            << lines.toStdString();
+    }
+    QStringList after = QDir(cWorkPath).entryList(QDir::Files);
+    after.removeAll(u"kxcommon.log"_s);
+    QStringList expected = before;
+    expected.removeAll(u"kxcommon.log"_s);
+    EXPECT_EQ(after, expected);
 }
 
 } // namespace

@@ -72,7 +72,8 @@ TEST_F(BinaryDataTest, ReplacedEmptyAndMissing)
     EXPECT_TRUE(QFile::exists(empty) && read(empty).isEmpty());
 
     EXPECT_EQ(ExtractBinaryData(u"D3"_s, u"Mat_Dokumente"_s, u"DOKUMENT"_s, out), QString());
-    EXPECT_THROW(SaveBinaryData(u"D3"_s, u"Mat_Dokumente"_s, u"DOKUMENT"_s, m_scratch.filePath(u"fehlt.pdf"_s)), kx::Error);
+    for (const QString &unreadable : { m_scratch.filePath(u"fehlt.pdf"_s), out }) // missing, a folder
+        EXPECT_THROW(SaveBinaryData(u"D3"_s, u"Mat_Dokumente"_s, u"DOKUMENT"_s, unreadable), kx::Error);
     EXPECT_EQ(QDir(out).entryList(QDir::Files), QStringList{ u"leer.txt"_s });
 }
 
