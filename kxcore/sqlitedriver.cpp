@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <QIODevice>
+#include <QScopeGuard>
 #include <limits>
 #include <sqlite3.h>
 
@@ -87,6 +88,15 @@ public:
         const qint64 size = source.size() - source.pos();
         if (size > std::numeric_limits<int>::max())
             throw DatabaseError(u"SQL-Fehler: %1 Bytes sind zu viel für einen SQLite-Wert (höchstens 2 GB)."_s.arg(size));
+        // The page cache holds the whole value until the commit, so that its pages reach the log
+        // once, not first as zeros and then again with the bytes.
+        const qint64 cache = execute(u"PRAGMA cache_size"_s).rows.front().value(0).toLongLong();
+        const qint64 needed = -(size / 1024 + 4096);
+        if (cache > needed || cache > 0)
+            execute(u"PRAGMA cache_size=%1"_s.arg(needed));
+        const auto restoreCache = qScopeGuard([&] {
+            sqlite3_exec(m_db, u"PRAGMA cache_size=%1"_s.arg(cache).toUtf8().constData(), nullptr, nullptr, nullptr);
+        });
         execute(u"BEGIN IMMEDIATE"_s);
         sqlite3_blob *blob = nullptr;
         try {
