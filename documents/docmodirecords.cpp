@@ -12,18 +12,12 @@
 #include <QDate>
 #include <QFileInfo>
 #include <QSet>
-#include <QTime>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-
-QString nowText()
-{
-    return QTime::currentTime().toString(u"hh:mm:ss"_s);
-}
 
 QString pairText(const QVariant &value)
 {
@@ -77,13 +71,12 @@ void TDocModiCommonForm::saveChangedRows()
         const bool binary = document->SaveBinary && cEnableBinarySave && QFileInfo(file).isFile();
         if (binary)
             pairs.SetValue(u"DOKUMENT"_s, QFileInfo(file).fileName());
-        pairs.SetValue(u"LDATE"_s, QDate::currentDate().toString(Qt::ISODate));
-        pairs.SetValue(u"LTIME"_s, nowText());
-        pairs.SetValue(u"LUSER"_s, User.Name);
+        for (const auto &[name, value] : kx::changeStamp())
+            pairs.SetValue(name, value);
         kx::SqlValueList values;
         for (int p = 0; p < pairs.Count(); ++p)
             if (DataAccess_Doc->Fields.GetItemFromFieldname(pairs.Name(p)))
-                values.addText(pairs.Name(p), pairs.Value(pairs.Name(p)));
+                values.addText(pairs.Name(p), pairs.ValueAt(p));
         if (pairs.Value(NewMark) == u"1"_s)
             SqlExec(SqlBuildInsertSql(table, values.pairs()));
         else
@@ -111,16 +104,13 @@ void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
                 pairs.Delete(p);
         pairs.SetValue(u"ID"_s, sqlGenIdValue());
         pairs.SetValue(u"IDPARENT"_s, NewParentId);
-        if (!pairs.Contains(u"LDATE"_s))
-            pairs.SetValue(u"LDATE"_s, sqlConvertDate(QDate::currentDate()));
-        if (!pairs.Contains(u"LTIME"_s))
-            pairs.SetValue(u"LTIME"_s, nowText());
-        if (!pairs.Contains(u"LUSER"_s))
-            pairs.SetValue(u"LUSER"_s, User.Name);
+        for (const auto &[name, value] : kx::changeStamp())
+            if (!pairs.Contains(name))
+                pairs.SetValue(name, value);
         // Deliberate: values are wrapped in quotes as they stand, a quote inside is not doubled.
         QStringList quoted;
         for (int p = 0; p < pairs.Count(); ++p)
-            quoted << pairs.Name(p) + u"='"_s + pairs.Value(pairs.Name(p)) + u'\'';
+            quoted << pairs.Name(p) + u"='"_s + pairs.ValueAt(p) + u'\'';
         query.SQL.Clear();
         query.SQL.Add(SqlBuildInsertSql(DataAccess_Doc->Tablename, quoted));
         query.ExecSQL();

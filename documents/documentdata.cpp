@@ -1,6 +1,5 @@
 #include "documentdata.h"
 
-#include "globals.h"
 #include "sqlconnection.h"
 #include "sqltool.h"
 
@@ -38,11 +37,10 @@ QString documents_Add(const QString &tableName, const QString &parentId, const Q
     row.addText(u"ID"_s, id)
         .addText(u"IDPARENT"_s, parentId)
         .addText(u"BEZEICHNUNG"_s, bezeichnung)
-        .addText(u"DOKUMENT"_s, dokument)
-        .add(u"LDATE"_s, u'\'' + sqlConvertDate(QDate::currentDate()) + u'\'')
-        .addText(u"LTIME"_s, QTime::currentTime().toString(u"hh:mm:ss"_s))
-        .addText(u"LUSER"_s, User.Name)
-        .add(u"MAINDOC"_s, u"0"_s);
+        .addText(u"DOKUMENT"_s, dokument);
+    for (const auto &[name, value] : kx::changeStamp())
+        row.addText(name, value);
+    row.add(u"MAINDOC"_s, u"0"_s);
     SqlExec(SqlBuildInsertSql(tableName, row.pairs()));
     return id;
 }

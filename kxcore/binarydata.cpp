@@ -1,6 +1,5 @@
 #include "binarydata.h"
 
-#include "globals.h"
 #include "kxerror.h"
 #include "sqlconnection.h"
 #include "sqltool.h"
@@ -10,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTime>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +28,8 @@ QString SaveBinaryData(const QString &Id, const QString &TableName, const QStrin
     if (!file.open(QIODevice::ReadOnly))
         throw kx::Error(u"Die Datei %1 lässt sich nicht lesen: %2"_s.arg(FilePath, file.errorString()));
     QCryptographicHash md5(QCryptographicHash::Md5);
+    // Deliberate: hashed in a pass of its own before the row is written; setting DATAMD5 after
+    // the content would make SQLite rewrite the whole value.
     md5.addData(&file);
     file.seek(0);
 
@@ -42,10 +42,9 @@ QString SaveBinaryData(const QString &Id, const QString &TableName, const QStrin
         .addText(u"TABLEPARENT"_s, TableName.toUpper())
         .addText(u"DATAFILTER"_s, FieldName.toUpper())
         .addText(u"DATAFILENAME"_s, name)
-        .addText(u"DATAMD5"_s, QString::fromLatin1(md5.result().toHex()))
-        .add(u"LDATE"_s, u'\'' + sqlConvertDate(QDate::currentDate()) + u'\'')
-        .addText(u"LTIME"_s, QTime::currentTime().toString(u"hh:mm:ss"_s))
-        .addText(u"LUSER"_s, User.Name);
+        .addText(u"DATAMD5"_s, QString::fromLatin1(md5.result().toHex()));
+    for (const auto &[stampName, value] : kx::changeStamp())
+        row.addText(stampName, value);
     SqlExec(SqlBuildInsertSql(u"BinaryData"_s, row.pairs()));
     compSqlConnection->writeBlob({ u"BinaryData"_s, u"DATA"_s, u"ID"_s, key }, file);
     return name;

@@ -1,6 +1,7 @@
 #include "sqltool.h"
 
 #include "formatsettings.h"
+#include "globals.h"
 #include "kxerror.h"
 #include "sqlconnection.h"
 #include "sqldialect.h"
@@ -208,6 +209,14 @@ QStringList GetFieldnamesMSSql(const QString &table)
 }
 
 namespace kx {
+
+QList<std::pair<QString, QString>> changeStamp()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return { { u"LDATE"_s, sqlConvertDate(now.date()) },
+             { u"LTIME"_s, now.time().toString(FormatSettings().LongTimeFormat) },
+             { u"LUSER"_s, User.Name } };
+}
 
 QString sqlQuoted(const QString &text)
 {

@@ -56,6 +56,10 @@ QStringList GetFieldnamesMSSql(const QString &table);
 
 namespace kx {
 
+// The change stamp of a row written now, as raw values in this order: LDATE (today, as an ISO
+// date), LTIME (the time in the long time format), LUSER (the signed-in user's name).
+QList<std::pair<QString, QString>> changeStamp();
+
 // The text as a quoted SQL literal, quotes inside doubled.
 QString sqlQuoted(const QString &text);
 

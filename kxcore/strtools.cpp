@@ -97,7 +97,7 @@ int kx::NameValues::indexOf(const QString &name) const
 QString kx::NameValues::Value(const QString &name) const
 {
     const int index = indexOf(name);
-    return index < 0 ? QString() : m_lines.at(index).section(u'=', 1);
+    return index < 0 ? QString() : ValueAt(index);
 }
 
 void kx::NameValues::SetValue(const QString &name, const QString &value)

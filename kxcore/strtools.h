@@ -38,6 +38,7 @@ public:
     }
     int Count() const { return int(m_lines.size()); }
     QString Name(int index) const { return m_lines.at(index).section(u'=', 0, 0); }
+    QString ValueAt(int index) const { return m_lines.at(index).section(u'=', 1); }
     // The value of the name; empty when there is none.
     QString Value(const QString &name) const;
     bool Contains(const QString &name) const { return indexOf(name) >= 0; }
