@@ -4,6 +4,7 @@
 // for Firebird Qt's driver on its client library. Both sides read the file and write it back.
 #include "benchsupport.h"
 #include "emptydatabase.h"
+#include "scratchfiles.h"
 
 #include "binarydata.h"
 #include "dataaccess.h"
@@ -27,20 +28,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype fileSize = 20 * 1024 * 1024;
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(bytes);
-}
 
 // The same bytes in and out through a product's own client, in a table of its own.
 class Baseline
@@ -167,7 +154,7 @@ void runProduct(const QString &product, QTextStream &out)
     QByteArray bytes(fileSize, Qt::Uninitialized);
     QRandomGenerator(17).fillRange(reinterpret_cast<quint32 *>(bytes.data()), fileSize / 4);
     const QString file = scratch.filePath(u"Einsatzbericht.pdf"_s);
-    writeFile(file, bytes);
+    kxtest::writeFile(file, bytes);
     const QString outKx = scratch.filePath(u"kx"_s), outBase = scratch.filePath(u"base"_s);
     QDir().mkpath(outKx);
 
@@ -179,10 +166,10 @@ void runProduct(const QString &product, QTextStream &out)
             ExtractBinaryData(u"D1"_s, u"Fahrzeug_Dokumente"_s, u"DOKUMENT"_s, outKx);
         });
         const double base = kxbench::seconds([&] {
-            baseline->store(readFile(file));
-            writeFile(outBase, baseline->load());
+            baseline->store(kxtest::readFile(file));
+            kxtest::writeFile(outBase, baseline->load());
         });
-        if (readFile(outKx + u"/Einsatzbericht.pdf"_s) != bytes || readFile(outBase) != bytes) {
+        if (kxtest::readFile(outKx + u"/Einsatzbericht.pdf"_s) != bytes || kxtest::readFile(outBase) != bytes) {
             out << "BENCH documents " << product << " invalid: the bytes came back changed\n";
             std::exit(1);
         }

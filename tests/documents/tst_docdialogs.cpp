@@ -5,6 +5,7 @@
 #include "globals.h"
 #include "parameter.h"
 #include "tcfiledialog.h"
+#include "scratchfiles.h"
 #include "testdatabase.h"
 
 #include <QApplication>
@@ -34,8 +35,7 @@ protected:
         docs = m_scratch.filePath(u"Dokumente"_s);
         for (const QString &file : { u"Scan.JPG"_s, u"alt.jpg"_s, u"Scan.jpeg"_s, u"Scan.png"_s, u"Bericht.pdf"_s,
                                      u"Bilder.jpg/Lage.png"_s }) {
-            QDir().mkpath(QFileInfo(docs + u'/' + file).path());
-            QFile(docs + u'/' + file).open(QIODevice::WriteOnly);
+            kxtest::writeFile(docs + u'/' + file);
         }
         cSearchPathList = { docs, QString(), docs.toUpper(), m_scratch.path() };
     }

@@ -4,7 +4,8 @@
 #include "binarydata.h"
 #include "docmodicommon.h"
 #include "documentdata.h"
-#include "documentlauncher.h"
+#include "recordinglauncher.h"
+#include "scratchfiles.h"
 #include "globals.h"
 #include "inifile.h"
 #include "kxerror.h"
@@ -33,24 +34,6 @@ namespace {
 
 const QString table = u"Fahrzeug_Dokumente"_s;
 
-class Opened : public TDocumentLauncher
-{
-public:
-    explicit Opened(QStringList &files)
-        : m_files(files)
-    {
-    }
-    int OpenLink(const QString &link) override { m_files << link; return launchSucceeded; }
-    int OpenFile(const QString &file, const QString &directory) override
-    {
-        m_files << QDir(directory).filePath(file);
-        return launchSucceeded;
-    }
-
-private:
-    QStringList &m_files;
-};
-
 class DocModiTest : public kxtest::DatabaseTest
 {
 protected:
@@ -61,10 +44,10 @@ protected:
             return;
         alterOrCreateTable(systables::BinaryData(), compSqlConnection);
         documents_CreateTable(table);
-        setDocumentLauncher(std::make_unique<Opened>(opened));
+        setDocumentLauncher(std::make_unique<RecordingLauncher>(opened));
         cSearchPathList = { m_scratch.path() };
         User.Name = u"Wehrführer"_s;
-        writeFile(u"Brief.pdf"_s, "Fahrzeugbrief");
+        kxtest::writeFile(m_scratch.filePath(u"Brief.pdf"_s), "Fahrzeugbrief");
     }
     void TearDown() override
     {
@@ -75,12 +58,6 @@ protected:
         cDatabaseIni.clear();
         User = TCUser{};
         kxtest::DatabaseTest::TearDown();
-    }
-    void writeFile(const QString &name, const QByteArray &content)
-    {
-        QFile file(m_scratch.filePath(name));
-        file.open(QIODevice::WriteOnly);
-        file.write(content);
     }
     void select(TDocModiCommonForm &form, int row) { form.DokumentList->setCurrentItem(form.DokumentList->topLevelItem(row)); }
     // Adds a row through the form, as the user does it.
@@ -114,7 +91,7 @@ TEST_F(DocModiTest, OpeningPlainAndStoredDocuments)
         bool binary, enabled, selected;
         QStringList opened;
     } cases[] = {
-        { "stored: extracted into the work folder and opened", true, true, true, { m_scratch.filePath(u"Brief.pdf"_s) } },
+        { "stored: extracted into the work folder and opened", true, true, true, { u"file "_s + m_scratch.filePath(u"Brief.pdf"_s) } },
         { "nothing selected", true, true, false, {} },
         { "binary saving switched off: the edit's path only", true, false, true, {} },
         { "binary storage off: the edit's path only", false, true, true, {} },
@@ -217,9 +194,7 @@ TEST_F(DocModiTest, StoredDocumentSavedToAFolder)
     });
     kxtest::ScriptedMessages messages({ { u"Datei wurde gespeichert."_s } });
     form.Dokumentspeichern1Click();
-    QFile saved(folder + u"/Brief.pdf"_s);
-    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-    EXPECT_EQ(saved.readAll(), QByteArray("Fahrzeugbrief"));
+    EXPECT_EQ(kxtest::readFile(folder + u"/Brief.pdf"_s), QByteArray("Fahrzeugbrief"));
 }
 
 // The real scanner, watched: the busy flag as a second workstation reads it while the page is taken.

@@ -2,7 +2,8 @@
 // count over three parents, and opening the chosen document.
 #include "docviewmatcommon.h"
 #include "documentdata.h"
-#include "documentlauncher.h"
+#include "recordinglauncher.h"
+#include "scratchfiles.h"
 #include "globals.h"
 #include "sqlconnection.h"
 #include "testdatabase.h"
@@ -19,24 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class OpenedFiles : public TDocumentLauncher
-{
-public:
-    explicit OpenedFiles(QStringList &opened)
-        : m_opened(opened)
-    {
-    }
-    int OpenLink(const QString &link) override { m_opened << link; return launchSucceeded; }
-    int OpenFile(const QString &file, const QString &directory) override
-    {
-        m_opened << QDir(directory).filePath(file);
-        return launchSucceeded;
-    }
-
-private:
-    QStringList &m_opened;
-};
-
 class DocViewTest : public kxtest::DatabaseTest
 {
 protected:
@@ -45,9 +28,9 @@ protected:
         kxtest::DatabaseTest::SetUp();
         if (IsSkipped() || HasFailure())
             return;
-        setDocumentLauncher(std::make_unique<OpenedFiles>(opened));
+        setDocumentLauncher(std::make_unique<RecordingLauncher>(opened));
         cSearchPathList = { m_scratch.path() };
-        QFile(m_scratch.filePath(u"Fahrzeugbrief.pdf"_s)).open(QIODevice::WriteOnly);
+        kxtest::writeFile(m_scratch.filePath(u"Fahrzeugbrief.pdf"_s));
         documents_CreateTable(u"Fahrzeug_Dokumente"_s);
         documents_Add(u"Fahrzeug_Dokumente"_s, u"FZ-1"_s, u"Zulassung"_s, u"Zulassung.pdf"_s);
         documents_Add(u"Fahrzeug_Dokumente"_s, u"FZ-1"_s, u"Fahrzeugbrief"_s, u"Fahrzeugbrief.pdf"_s);
@@ -126,7 +109,7 @@ TEST_F(DocViewTest, OpeningTheChosenDocument)
     const QRect first = form.DocList->visualItemRect(form.DocList->topLevelItem(0));
     QTest::mouseClick(form.DocList->viewport(), Qt::LeftButton, {}, first.center());
     QTest::mouseDClick(form.DocList->viewport(), Qt::LeftButton, {}, first.center());
-    EXPECT_EQ(opened, QStringList{ m_scratch.filePath(u"Fahrzeugbrief.pdf"_s) });
+    EXPECT_EQ(opened, QStringList{ u"file "_s + m_scratch.filePath(u"Fahrzeugbrief.pdf"_s) });
     EXPECT_TRUE(form.isVisible()) << "the list stays open";
     QFile::remove(m_scratch.filePath(u"Fahrzeugbrief.pdf"_s)); // gone since the list was filled
     form.DoOpen->trigger();

@@ -1,7 +1,8 @@
 // Launching documents and links, the hand-off to the main window, and the merge into templates,
 // on each product: the decisions through a recording launcher, the merge through a recording
 // word processor and through real .docx files.
-#include "documentlauncher.h"
+#include "recordinglauncher.h"
+#include "scratchfiles.h"
 #include "globals.h"
 #include "kxerror.h"
 #include "ooxmlword.h"
@@ -22,31 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Records what would have been opened and answers with a chosen code.
-class RecordingLauncher : public TDocumentLauncher
-{
-public:
-    explicit RecordingLauncher(QStringList &calls, int code)
-        : m_calls(calls)
-        , m_code(code)
-    {
-    }
-    int OpenLink(const QString &link) override
-    {
-        m_calls << u"link "_s + link;
-        return m_code;
-    }
-    int OpenFile(const QString &file, const QString &directory) override
-    {
-        m_calls << u"file "_s + QDir(directory).filePath(file);
-        return m_code;
-    }
-
-private:
-    QStringList &m_calls;
-    int m_code;
-};
-
 // The main program's window: reads "Open.Def" when the open-record event arrives.
 class MainWindow : public QWidget
 {
@@ -59,9 +35,7 @@ protected:
     {
         if (e->type() != TOpenRecordEvent::EventType)
             return QWidget::event(e);
-        QFile file(QDir(cWorkPath).filePath(u"Open.Def"_s));
-        file.open(QIODevice::ReadOnly);
-        request = QString::fromUtf8(file.readAll());
+        request = QString::fromUtf8(kxtest::readFile(QDir(cWorkPath).filePath(u"Open.Def"_s)));
         return true;
     }
 };
@@ -91,14 +65,6 @@ private:
     QStringList &m_calls;
     QStringList m_fields;
 };
-
-void writeFile(const QString &path, const QByteArray &content = "x")
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-}
 
 class ToolsCommonTest : public kxtest::DatabaseTest
 {
@@ -138,9 +104,9 @@ protected:
 
 TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
 {
-    writeFile(docs + u"/Bericht.pdf"_s);
-    writeFile(docs + u"/O'Brien \"alt\".pdf"_s);
-    writeFile(docs + u"/Lage.LDMV.bak"_s);
+    kxtest::writeFile(docs + u"/Bericht.pdf"_s);
+    kxtest::writeFile(docs + u"/O'Brien \"alt\".pdf"_s);
+    kxtest::writeFile(docs + u"/Lage.LDMV.bak"_s);
     const QString notFound = u"Datei wurde nicht gefunden."_s;
     const struct
     {
@@ -181,7 +147,7 @@ TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
 TEST_F(ToolsCommonTest, SituationMapFilesGoToTheMainWindow)
 {
     const QString map = docs + u"/Lage.LDMV.bak"_s; // a backup copy: ".LDMV" before a further extension
-    writeFile(map);
+    kxtest::writeFile(map);
     const QString request = QDir(cWorkPath).filePath(u"Open.Def"_s);
     ShellExecuteAndSearchDokument(map, true); // no main window: nothing happens, silently
     EXPECT_FALSE(QFile::exists(request));
@@ -202,7 +168,7 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
     kxtest::exec(u"insert into OfficeTableMapping (ID, TABLENAME, FIELDNAME, OFFICENAME) values ('b', 'PERSONEN', 'ORT', 'ORT1')"_s);
     const QString sql = u"select NAME, ORT from PERSONEN order by ID"_s;
     for (const char *name : { "Brief.DOTX", "Brief.docm", "Brief.dot", "Protokoll.pdf" })
-        writeFile(docs + u'/' + QString::fromLatin1(name));
+        kxtest::writeFile(docs + u'/' + QString::fromLatin1(name));
 
     const struct
     {
@@ -239,7 +205,7 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
     EXPECT_TRUE(zipEntry(first, u"word/document.xml"_s).contains("Sehr geehrte(r) </w:t>"));
 
     // Templates that cannot be filled: one clear log line each, no document, nothing half-written.
-    writeFile(docs + u"/Kaputt.dotx"_s, "kein Zip-Archiv");
+    kxtest::writeFile(docs + u"/Kaputt.dotx"_s, "kein Zip-Archiv");
     {
         QuaZip zip(docs + u"/Leer.docx"_s);
         ASSERT_TRUE(zip.open(QuaZip::mdCreate));
@@ -261,9 +227,7 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
         calls.clear();
         ShellExecuteAndSearchDokument(r.file, u"PERSONEN"_s, sql);
         EXPECT_TRUE(calls.isEmpty());
-        QFile log(QDir(cWorkPath).filePath(u"kxcommon.log"_s));
-        log.open(QIODevice::ReadOnly);
-        const QString lines = QString::fromUtf8(log.readAll());
+        const QString lines = QString::fromUtf8(kxtest::readFile(QDir(cWorkPath).filePath(u"kxcommon.log"_s)));
         EXPECT_TRUE(lines.contains(u"Seriendruck: die Vorlage "_s + docs + u'/' + r.file + u" wird nicht gefüllt: "_s + r.logged))
             << lines.toStdString();
     }

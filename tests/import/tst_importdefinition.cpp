@@ -2,23 +2,15 @@
 #include "dataaccess.h"
 #include "importcommon.h"
 #include "kxerror.h"
+#include "scratchfiles.h"
 #include "textfile.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString writeFile(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
-{
-    QFile file(dir.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    return file.fileName();
-}
 
 TEST(ImportDefinition, FieldListOffersWhatTheUserMayPair)
 {
@@ -62,9 +54,7 @@ TEST(ImportDefinition, WrittenInListOrderReservedNamesLastEmptyValuesLeaveNoLine
                                 { u"ORT.ORTE"_s, { u"1"_s, u"ORTE"_s } } };
     const QString name = dir.filePath(u"orte.iDef"_s);
     importWriteDefinition(name, fields, u"/daten/orte.csv"_s, u"ORT.ORTE"_s, QString());
-    QFile file(name);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("Straße.ORTE=3\r\nORT.ORTE=1\r\n_File_=/daten/orte.csv\r\n_Key1_=ORT.ORTE\r\n"));
+    EXPECT_EQ(kxtest::readFile(name), QByteArray("Straße.ORTE=3\r\nORT.ORTE=1\r\n_File_=/daten/orte.csv\r\n_Key1_=ORT.ORTE\r\n"));
 
     const TImportDefinition read = importReadDefinition(name);
     EXPECT_EQ(read.value(u"_file_"_s), u"/daten/orte.csv"_s);
@@ -99,7 +89,7 @@ TEST(ImportDefinition, ColumnsAndLinesOfFilesFromWindows)
         { "\xC3\x28;x\n", { u"\u00C3("_s, u"x"_s }, 1 },     // invalid UTF-8: Windows-1252
     };
     for (const auto &c : cases) {
-        const QString name = writeFile(dir, u"t.csv"_s, c.bytes);
+        const QString name = kxtest::writeFile(dir.filePath(u"t.csv"_s), c.bytes);
         EXPECT_EQ(importFileColumns(name), c.columns) << c.bytes.toStdString();
         EXPECT_EQ(kx::TextLineReader::scan(name).lines, c.lines) << c.bytes.toStdString();
     }

@@ -2,6 +2,7 @@
 // real file dialogs, and the run from the start button.
 #include "dataaccess.h"
 #include "importcommonform.h"
+#include "scratchfiles.h"
 #include "scriptedmessages.h"
 #include "tcfiledialog.h"
 #include "testdatabase.h"
@@ -62,10 +63,7 @@ protected:
         table->Connection = compSqlConnection;
         table->AlterOrCreateTable();
         data = m_scratch.filePath(u"orte.csv"_s);
-        QFile file(data);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("64283;Darmstadt\r\n64285;Darmstadt-Bessungen\r\n");
-        file.close();
+        kxtest::writeFile(data, "64283;Darmstadt\r\n64285;Darmstadt-Bessungen\r\n");
         form = new TImportCommonForm;
         form->sourceDataAccess = table;
         form->show();

@@ -5,9 +5,9 @@
 #include "kxerror.h"
 #include "log.h"
 #include "scriptedmessages.h"
+#include "scratchfiles.h"
 #include "testdatabase.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -61,11 +61,7 @@ protected:
 
     QString writeFile(const QByteArray &bytes)
     {
-        const QString name = m_scratch.filePath(u"daten%1.csv"_s.arg(++m_files));
-        QFile file(name);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return name;
+        return kxtest::writeFile(m_scratch.filePath(u"daten%1.csv"_s.arg(++m_files)), bytes);
     }
 
     // A run over the file with these pairs (caption, column) and key.
@@ -257,9 +253,7 @@ TEST_F(ImportRunTest, AValueThatFailsIsReportedAndTheLineGoesOn)
     ASSERT_EQ(r.summary().ColumnErrors.size(), 2);
     EXPECT_EQ(r.summary().ColumnErrors[0].Caption, u"Name.IMP_MAIN"_s);
     EXPECT_EQ(r.summary().ColumnErrors[1].Line, 1);
-    QFile log(logFilePath());
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(log.readAll());
+    const QString text = QString::fromUtf8(kxtest::readFile(logFilePath()));
     EXPECT_TRUE(text.contains(u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: Update IMP_MAIN set\n"
                               u"NAME='abcd''\nWhere id ='"_s))
         << text.toStdString();

@@ -3,6 +3,7 @@
 #include "binarydata.h"
 #include "sqlconnection.h"
 #include "systables.h"
+#include "scratchfiles.h"
 #include "testdatabase.h"
 
 #include <QCryptographicHash>
@@ -30,16 +31,8 @@ protected:
         QByteArray bytes(size, Qt::Uninitialized);
         QRandomGenerator random(11);
         random.fillRange(reinterpret_cast<quint32 *>(bytes.data()), size / 4);
-        QFile file(m_scratch.filePath(name));
-        file.open(QIODevice::WriteOnly);
-        file.write(bytes);
+        kxtest::writeFile(m_scratch.filePath(name), bytes);
         return bytes;
-    }
-    static QByteArray read(const QString &path)
-    {
-        QFile file(path);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
     }
 };
 
@@ -51,7 +44,7 @@ TEST_F(BinaryDataTest, TwentyMegabytesInAndOutByteForByte)
               u"Einsatzbericht.pdf"_s);
     const QString out = m_scratch.filePath(u"raus"_s);
     EXPECT_EQ(ExtractBinaryData(u"D1"_s, u"Fahrzeug_Dokumente"_s, u"Dokument"_s, out), out + u"/Einsatzbericht.pdf"_s);
-    EXPECT_TRUE(read(out + u"/Einsatzbericht.pdf"_s) == bytes) << "the extracted file differs";
+    EXPECT_TRUE(kxtest::readFile(out + u"/Einsatzbericht.pdf"_s) == bytes) << "the extracted file differs";
     for (const QString &statement : trace.statements())
         EXPECT_LT(statement.size(), 1000) << "the content went into a statement's text";
     EXPECT_EQ(kxtest::rows(u"select DATAMD5, TABLEPARENT, DATAFILTER from BinaryData"_s),
@@ -69,7 +62,7 @@ TEST_F(BinaryDataTest, ReplacedEmptyAndMissing)
     EXPECT_EQ(kxtest::rows(u"select DATAFILENAME from BinaryData"_s), QStringList{ u"leer.txt"_s });
     const QString empty = ExtractBinaryData(u"D2"_s, u"MAT_DOKUMENTE"_s, u"Dokument"_s, out);
     EXPECT_EQ(empty, out + u"/leer.txt"_s);
-    EXPECT_TRUE(QFile::exists(empty) && read(empty).isEmpty());
+    EXPECT_TRUE(QFile::exists(empty) && kxtest::readFile(empty).isEmpty());
 
     EXPECT_EQ(ExtractBinaryData(u"D3"_s, u"Mat_Dokumente"_s, u"DOKUMENT"_s, out), QString());
     for (const QString &unreadable : { m_scratch.filePath(u"fehlt.pdf"_s), out }) // missing, a folder

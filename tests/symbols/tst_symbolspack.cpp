@@ -2,6 +2,8 @@
 // errors, and the pack format against damaged files.
 #include "symbolstest.h"
 
+#include "scratchfiles.h"
+
 #include "kxerror.h"
 
 #include <QRandomGenerator>
@@ -123,8 +125,9 @@ TEST_F(SymbolsTest, PackSearchAndLoadErrors)
         TItemSymbolManager symbols;
         TSymbolsPackIconManager().Load(&symbols, c.type);
         EXPECT_EQ(ids(symbols), c.ids);
-        if (c.type == stSystem)
+        if (c.type == stSystem) {
             EXPECT_NE(dynamic_cast<TItemSymbol *>(symbols.Item(0)), nullptr);
+        }
     }
 
     // No pack anywhere: the system symbols are asked for, so the error names the first candidate.
@@ -196,30 +199,20 @@ TEST_F(SymbolsTest, PackRoundTripIsByteExact)
     auto *symbol = static_cast<TItemSymbol *>(read.Item(0));
     symbol->SaveDataToFile(path(u"raus.jpg"_s));
     EXPECT_EQ(symbol->SavedFileName(), path(u"raus.jpg"_s));
-    QFile out(path(u"raus.jpg"_s));
-    out.open(QIODevice::ReadOnly);
-    EXPECT_EQ(out.readAll(), jpeg);
+    EXPECT_EQ(kxtest::readFile(path(u"raus.jpg"_s)), jpeg);
 
     read.SaveToFile(second);
-    QFile a(first), b(second);
-    a.open(QIODevice::ReadOnly);
-    b.open(QIODevice::ReadOnly);
-    EXPECT_EQ(a.readAll(), b.readAll());
+    EXPECT_EQ(kxtest::readFile(first), kxtest::readFile(second));
 }
 
 TEST_F(SymbolsTest, DamagedPacksAreRefusedWithTheirReason)
 {
     const QString good = path(u"gut.pak"_s);
     pack(good, { { u"{eins}"_s, u"Fahrzeuge"_s }, { u"{zwei}"_s, u"Gefahren"_s } });
-    QFile in(good);
-    in.open(QIODevice::ReadOnly);
-    const QByteArray bytes = in.readAll();
+    const QByteArray bytes = kxtest::readFile(good);
     const QString bad = path(u"schlecht.pak"_s);
     const auto refusal = [&](const QByteArray &content) {
-        QFile out(bad);
-        out.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        out.write(content);
-        out.close();
+        kxtest::writeFile(bad, content);
         TItemSymbolManager symbols;
         try {
             symbols.LoadFromFile(bad);
