@@ -3,6 +3,7 @@
 // product's own client in the same run: SQLite's C library, libpq with a binary parameter, and
 // for Firebird Qt's driver on its client library. Both sides read the file and write it back.
 #include "benchsupport.h"
+#include "clients.h"
 #include "emptydatabase.h"
 #include "scratchfiles.h"
 
@@ -14,12 +15,10 @@
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
-#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QVariant>
-#include <libpq-fe.h>
 #include <sqlite3.h>
 #include <memory>
 
@@ -75,51 +74,41 @@ class PostgresBaseline final : public Baseline
 {
 public:
     explicit PostgresBaseline(const kx::ConnectionParameters &p)
+        : m_client(p)
     {
-        const QByteArray info = "host=" + p.host.toUtf8() + " port=" + QByteArray::number(p.port) + " dbname="
-            + p.database.toUtf8() + " user=" + p.user.toUtf8() + " password=" + p.password.toUtf8();
-        m_conn = PQconnectdb(info.constData());
     }
-    ~PostgresBaseline() override { PQfinish(m_conn); }
     void store(const QByteArray &bytes) override
     {
-        PQclear(PQexec(m_conn, "delete from bench_blob"));
+        PQclear(PQexec(m_client.connection(), "delete from bench_blob"));
         const char *values[] = { bytes.constData() };
         const int lengths[] = { int(bytes.size()) };
         const int formats[] = { 1 };
-        PQclear(PQexecParams(m_conn, "insert into bench_blob (id, data) values ('1', $1)", 1, nullptr, values, lengths,
-                             formats, 0));
+        PQclear(PQexecParams(m_client.connection(), "insert into bench_blob (id, data) values ('1', $1)", 1, nullptr, values,
+                             lengths, formats, 0));
     }
     QByteArray load() override
     {
-        PGresult *r = PQexecParams(m_conn, "select data from bench_blob where id='1'", 0, nullptr, nullptr, nullptr,
-                                   nullptr, 1);
+        PGresult *r = PQexecParams(m_client.connection(), "select data from bench_blob where id='1'", 0, nullptr, nullptr,
+                                   nullptr, nullptr, 1);
         const QByteArray bytes(PQgetvalue(r, 0, 0), PQgetlength(r, 0, 0));
         PQclear(r);
         return bytes;
     }
 
 private:
-    PGconn *m_conn = nullptr;
+    kxbench::PostgresClient m_client;
 };
 
 class FirebirdBaseline final : public Baseline
 {
 public:
     explicit FirebirdBaseline(const kx::ConnectionParameters &p)
+        : m_client(p)
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QIBASE"_s, u"baseline"_s);
-        db.setHostName(p.host);
-        db.setPort(p.port);
-        db.setDatabaseName(p.database);
-        db.setUserName(p.user);
-        db.setPassword(p.password);
-        db.open();
     }
-    ~FirebirdBaseline() override { QSqlDatabase::removeDatabase(u"baseline"_s); }
     void store(const QByteArray &bytes) override
     {
-        QSqlQuery q(QSqlDatabase::database(u"baseline"_s));
+        QSqlQuery q(m_client.database());
         q.exec(u"delete from BENCH_BLOB"_s);
         q.prepare(u"insert into BENCH_BLOB (ID, DATA) values ('1', ?)"_s);
         q.addBindValue(bytes);
@@ -127,10 +116,13 @@ public:
     }
     QByteArray load() override
     {
-        QSqlQuery q(QSqlDatabase::database(u"baseline"_s));
+        QSqlQuery q(m_client.database());
         q.exec(u"select DATA from BENCH_BLOB where ID='1'"_s);
         return q.next() ? q.value(0).toByteArray() : QByteArray();
     }
+
+private:
+    kxbench::FirebirdClient m_client;
 };
 
 void runProduct(const QString &product, QTextStream &out)

@@ -2,16 +2,15 @@
 // own client in the same run: SQLite's C library, libpq, and for Firebird Qt's driver directly.
 // Rounds alternate between the two paths; each figure is the median of the rounds.
 #include "benchsupport.h"
+#include "clients.h"
 
 #include "sqlconnection.h"
 #include "sqltool.h"
 
 #include <QCoreApplication>
-#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <libpq-fe.h>
 #include <sqlite3.h>
 #include <cstdio>
 #include <memory>
@@ -84,56 +83,44 @@ class PostgresBaseline final : public Baseline
 {
 public:
     explicit PostgresBaseline(const kx::ConnectionParameters &p)
+        : m_client(p)
     {
-        const QByteArray info = "host=" + p.host.toUtf8() + " port=" + QByteArray::number(p.port) + " dbname="
-            + p.database.toUtf8() + " user=" + p.user.toUtf8();
-        m_conn = PQconnectdb(info.constData());
     }
-    ~PostgresBaseline() override { PQfinish(m_conn); }
-    void exec(const QString &sql) override { PQclear(PQexec(m_conn, sql.toUtf8().constData())); }
+    void exec(const QString &sql) override { PQclear(PQexec(m_client.connection(), sql.toUtf8().constData())); }
     QString value(const QString &sql) override
     {
-        PGresult *res = PQexec(m_conn, sql.toUtf8().constData());
+        PGresult *res = PQexec(m_client.connection(), sql.toUtf8().constData());
         const QString result = PQntuples(res) > 0 ? QString::fromUtf8(PQgetvalue(res, 0, 0)) : QString();
         PQclear(res);
         return result;
     }
 
 private:
-    PGconn *m_conn = nullptr;
+    kxbench::PostgresClient m_client;
 };
 
 class FirebirdBaseline final : public Baseline
 {
 public:
     explicit FirebirdBaseline(const kx::ConnectionParameters &p)
+        : m_client(p)
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QIBASE"_s, u"baseline"_s);
-        db.setHostName(p.host);
-        db.setPort(p.port);
-        db.setDatabaseName(p.database);
-        db.setUserName(p.user);
-        db.setPassword(p.password);
-        db.setConnectOptions(u"ISC_DPB_LC_CTYPE=UTF8"_s);
-        db.open();
-    }
-    ~FirebirdBaseline() override
-    {
-        QSqlDatabase::database(u"baseline"_s).close();
-        QSqlDatabase::removeDatabase(u"baseline"_s);
     }
     void exec(const QString &sql) override
     {
-        QSqlQuery q(QSqlDatabase::database(u"baseline"_s));
+        QSqlQuery q(m_client.database());
         q.exec(sql);
     }
     QString value(const QString &sql) override
     {
-        QSqlQuery q(QSqlDatabase::database(u"baseline"_s));
+        QSqlQuery q(m_client.database());
         q.setForwardOnly(true);
         q.exec(sql);
         return q.next() ? q.value(0).toString() : QString();
     }
+
+private:
+    kxbench::FirebirdClient m_client;
 };
 
 struct Times
