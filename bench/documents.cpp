@@ -150,7 +150,7 @@ void runProduct(const QString &product, QTextStream &out)
     const QString outKx = scratch.filePath(u"kx"_s), outBase = scratch.filePath(u"base"_s);
     QDir().mkpath(outKx);
 
-    const int rounds = 5;
+    const int rounds = 11;
     std::vector<double> kxTimes, baseTimes;
     for (int r = 0; r < rounds + 1; ++r) {
         const double kx = kxbench::seconds([&] {

@@ -56,6 +56,9 @@ public:
         // Notices (such as "there is no transaction in progress") are not errors here.
         PQsetNoticeProcessor(m_conn, [](void *, const char *) {}, nullptr);
         execute(u"SET datestyle TO ISO"_s);
+        // The pieces of a streamed binary value gather in a temporary table; room for them in
+        // the session's own buffers keeps them off the disk (settable only before the first use).
+        execute(u"SET temp_buffers TO '64MB'"_s);
     }
     ~PostgresDriver() override { close(); }
 
