@@ -141,22 +141,51 @@ QString suffixOf(const QString &file)
     return QFileInfo(file).suffix().toLower();
 }
 
+QByteArray *partOf(ZipEntries &entries, const QString &name)
+{
+    for (auto &[entry, data] : entries)
+        if (entry == name)
+            return &data;
+    return nullptr;
+}
+
+// The document part; Owner names the archive in the error ("Der Vorlage", "Dem Dokument x").
+QByteArray documentOf(ZipEntries &entries, const QString &owner)
+{
+    if (const QByteArray *part = partOf(entries, documentPart))
+        return *part;
+    throw kx::Error(u"%1 fehlt der Dokumentteil %2."_s.arg(owner, documentPart));
+}
+
 } // namespace
+
+// A template, read once per merge: its parts, the content type already a document's, and the
+// names of its form fields.
+struct TOoxmlWordApplication::Template
+{
+    explicit Template(const QString &templateFile)
+        : file(templateFile)
+        , entries(readZip(templateFile))
+    {
+        if (QByteArray *types = partOf(entries, u"[Content_Types].xml"_s))
+            types->replace("wordprocessingml.template.main+xml", "wordprocessingml.document.main+xml")
+                .replace("ms-word.template.macroEnabledTemplate.main+xml", "ms-word.document.macroEnabled.main+xml");
+        QStringList shown;
+        formFields(documentOf(entries, u"Der Vorlage"_s), {}, &names, &shown);
+    }
+    QString file;
+    ZipEntries entries;
+    QStringList names;
+};
 
 class TOoxmlWordApplication::Document : public TWordDocument
 {
 public:
-    Document(const QString &templateFile, const QString &target)
-        : m_entries(readZip(templateFile))
+    Document(const Template &from, const QString &target)
+        : m_entries(from.entries)
         , m_target(target)
+        , m_names(from.names)
     {
-        QStringList shown;
-        formFields(part(), {}, &m_names, &shown);
-        // A template becomes a document: its main part's content type says so.
-        for (auto &[name, data] : m_entries)
-            if (name == u"[Content_Types].xml"_s)
-                data.replace("wordprocessingml.template.main+xml", "wordprocessingml.document.main+xml")
-                    .replace("ms-word.template.macroEnabledTemplate.main+xml", "ms-word.document.macroEnabled.main+xml");
     }
     int FormFieldsCount() const override { return int(m_names.size()); }
     QString FormFieldName(int item) const override
@@ -173,22 +202,12 @@ public:
     void save()
     {
         QStringList names, shown;
-        const QByteArray filled = formFields(part(), m_results, &names, &shown);
-        for (auto &[name, data] : m_entries)
-            if (name == documentPart)
-                data = filled;
+        *partOf(m_entries, documentPart) = formFields(documentOf(m_entries, u"Der Vorlage"_s), m_results, &names, &shown);
         writeZip(m_target, m_entries);
     }
     const QString &target() const { return m_target; }
 
 private:
-    QByteArray part() const
-    {
-        for (const auto &[name, data] : m_entries)
-            if (name == documentPart)
-                return data;
-        throw kx::Error(u"Der Vorlage fehlt der Dokumentteil %1."_s.arg(documentPart));
-    }
     ZipEntries m_entries;
     QString m_target;
     QStringList m_names;
@@ -221,7 +240,9 @@ void TOoxmlWordApplication::DocumentsAdd(const QString &templateFile)
         if (!QFileInfo::exists(target) && !Documents().contains(target))
             break;
     }
-    m_documents.push_back(std::make_unique<Document>(templateFile, target));
+    if (!m_template || m_template->file != templateFile)
+        m_template = std::make_unique<Template>(templateFile);
+    m_documents.push_back(std::make_unique<Document>(*m_template, target));
 }
 
 TWordDocument *TOoxmlWordApplication::ActiveDocument()
@@ -248,15 +269,11 @@ QStringList TOoxmlWordApplication::Documents() const
 
 QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document)
 {
-    for (const auto &[name, data] : readZip(document)) {
-        if (name != documentPart)
-            continue;
-        QStringList names, shown;
-        formFields(data, {}, &names, &shown);
-        QList<std::pair<QString, QString>> fields;
-        for (qsizetype i = 0; i < names.size(); ++i)
-            fields.append({ names.at(i), shown.at(i) });
-        return fields;
-    }
-    throw kx::Error(u"Dem Dokument %1 fehlt der Dokumentteil %2."_s.arg(document, documentPart));
+    ZipEntries entries = readZip(document);
+    QStringList names, shown;
+    formFields(documentOf(entries, u"Dem Dokument "_s + document), {}, &names, &shown);
+    QList<std::pair<QString, QString>> fields;
+    for (qsizetype i = 0; i < names.size(); ++i)
+        fields.append({ names.at(i), shown.at(i) });
+    return fields;
 }

@@ -27,6 +27,8 @@ public:
 
 private:
     class Document;
+    struct Template;
+    std::unique_ptr<Template> m_template;
     std::vector<std::unique_ptr<Document>> m_documents;
     bool m_visible = false;
 };
