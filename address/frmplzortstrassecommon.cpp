@@ -142,16 +142,10 @@ void TfrmPlzOrtStrasse::OrtAfterSelect(QObject *)
 
 void TfrmPlzOrtStrasse::PlzChanged(QObject *)
 {
-    if (Plz->Text().isEmpty()) {
-        Ort->setText(QString());
-        Strasse->setText(QString());
-        Hausnummer->setText(QString());
-        return;
-    }
     // Deliberate: the town is only checked against the directory's first town for the
-    // postcode, never filled in from it.
-    const QString town = sqlGetValue(u"Select Ort from Orte Where plz='"_s + Plz->Text() + u"'"_s);
-    if (town != Ort->Text()) {
+    // postcode, never filled in from it. (An empty postcode asks nothing.)
+    if (Plz->Text().isEmpty()
+        || sqlGetValue(u"Select Ort from Orte Where plz='"_s + Plz->Text() + u"'"_s) != Ort->Text()) {
         Ort->setText(QString());
         Strasse->setText(QString());
         Hausnummer->setText(QString());
