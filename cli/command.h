@@ -35,6 +35,9 @@ struct CliCommand
     QList<std::pair<QString, QString>> tables;
     // The options and their valid values, for the command's own --help.
     QString details;
+    // The command draws pictures, opens documents with the desktop's programs or keeps forms:
+    // it runs in a widgets application.
+    bool graphics = false;
 };
 
 // A wrong call of a sub-command: printed with its usage, exit code 2.
@@ -49,6 +52,8 @@ void registerCommand(CliCommand command);
 // Adds the tables a registered command needs (see CliCommand::tables) and its help details.
 void cliRequire(const QString &command, const QList<std::pair<QString, QString>> &tables);
 void cliDetails(const QString &command, const QString &details);
+// Marks registered commands as needing a widgets application (see CliCommand::graphics).
+void cliGraphics(const QStringList &commands);
 
 // A call that is well formed but wrong for the data (an unknown article, a document without
 // lines): a German message, exit code 1.

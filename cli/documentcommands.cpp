@@ -208,6 +208,7 @@ void registerDocumentCommands()
                u"  --no-open          die Dokumente nicht öffnen, nur erstellen\n"
                u"  --search-path ORDNER:ORDNER  die Ordner, in denen die Vorlage gesucht wird (Vorgabe: der Arbeitsordner)\n"_s);
     cliRequire(u"merge"_s, { { u"OfficeTableMapping"_s, u"sys init"_s } });
+    cliGraphics({ u"open"_s, u"merge"_s });
 
     registerCommand({ u"docs list"_s, u"TABELLE ELTERN-ID"_s, u"Listet die Dokumente eines Datensatzes."_s, listDocuments });
     registerCommand({ u"docs add"_s, u"TABELLE ELTERN-ID DATEI [--binary] [--name BEZEICHNUNG]"_s,
@@ -232,4 +233,5 @@ void registerDocumentCommands()
                           u"  --to DATEI.jpg     eine Seite scannen und als JPEG (Qualität 50) speichern\n"
                           u"  --source NAME      der Scanner (Vorgabe: der erste gefundene)\n"_s);
     cliRequire(u"docs extract"_s, { { u"BinaryData"_s, u"sys init"_s } });
+    cliGraphics({ u"docs list"_s, u"docs add"_s, u"docs extract"_s, u"docs clone"_s, u"scan"_s });
 }

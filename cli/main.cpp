@@ -12,7 +12,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
-#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -41,6 +40,12 @@ CliCommand &registered(const QString &name)
 void cliRequire(const QString &command, const QList<std::pair<QString, QString>> &tables)
 {
     registered(command).tables << tables;
+}
+
+void cliGraphics(const QStringList &commands)
+{
+    for (const QString &command : commands)
+        registered(command).graphics = true;
 }
 
 void cliDetails(const QString &command, const QString &details)
@@ -165,29 +170,6 @@ int fail(const CliContext &context, const QString &command, const QString &messa
 
 int main(int argc, char *argv[])
 {
-    // Symbols are images (SVG texts need a font database), documents are opened through the
-    // desktop's services and kept by the document editor: those commands get a widgets application, on the offscreen platform
-    // when there is no display and no platform is chosen.
-    const bool graphics = std::any_of(argv + 1, argv + argc, [](const char *a) {
-        return qstrcmp(a, "symbols") == 0 || qstrcmp(a, "open") == 0 || qstrcmp(a, "merge") == 0
-            || qstrcmp(a, "docs") == 0 || qstrcmp(a, "scan") == 0;
-    });
-    if (graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")
-        && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Deliberate: without a desktop session the graphics application warns about a missing
-    // runtime folder it never needs here; that line would only confuse the command's output.
-    static const QtMessageHandler previous = qInstallMessageHandler(
-        [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
-            if (!message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set"_s))
-                previous(type, context, message);
-        });
-    const std::unique_ptr<QCoreApplication> application(graphics ? new QApplication(argc, argv)
-                                                                 : new QCoreApplication(argc, argv));
-    QCoreApplication &app = *application;
-    cApplicationPath = QCoreApplication::applicationDirPath(); // where the symbol pack is looked for
-    QCoreApplication::setApplicationVersion(QStringLiteral(KXCOMMON_VERSION));
-    QTextStream out(stdout);
     registerRegistryCommands();
     registerSysCommands();
     registerStockCommands();
@@ -197,12 +179,16 @@ int main(int argc, char *argv[])
     registerImportCommands();
     registerSymbolsCommands();
     registerDocumentCommands();
+    QTextStream out(stdout);
 
     CliContext context;
     context.database = qEnvironmentVariable("KXCOMMON_DB", defaultDatabase);
     bool help = false;
     QStringList words;
-    const QStringList arguments = app.arguments().mid(1);
+    // The words are read before the application object exists: the command decides its kind.
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
     for (int i = 0; i < arguments.size(); ++i) {
         const QString &argument = arguments.at(i);
         if (argument == u"--"_s) {
@@ -220,7 +206,7 @@ int main(int argc, char *argv[])
         } else if (argument == u"--verbose"_s) {
             context.verbose = true;
         } else if (argument == u"--version"_s) {
-            out << "kxcommon " << QCoreApplication::applicationVersion() << '\n';
+            out << "kxcommon " << KXCOMMON_VERSION << '\n';
             return 0;
         } else if (argument == u"--help"_s || argument == u"-h"_s) {
             help = true;
@@ -246,6 +232,22 @@ int main(int argc, char *argv[])
     else
         words.removeAt(context.optionsEnd);
     context.args = words;
+
+    // Commands that draw, open documents or keep forms get a widgets application, on the
+    // offscreen platform when there is no display and no platform is chosen.
+    if (command->graphics && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")
+        && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Deliberate: without a desktop session the graphics application warns about a missing
+    // runtime folder it never needs here; that line would only confuse the command's output.
+    static const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+            if (!message.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR not set"_s))
+                previous(type, context, message);
+        });
+    const std::unique_ptr<QCoreApplication> application(command->graphics ? new QApplication(argc, argv)
+                                                                          : new QCoreApplication(argc, argv));
+    cApplicationPath = QCoreApplication::applicationDirPath(); // where the symbol pack is looked for
 
     // The connection closes on every way out, before the application object goes.
     struct CloseConnection

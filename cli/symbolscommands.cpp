@@ -106,6 +106,7 @@ void registerSymbolsCommands()
                       u"Listet die Symbole einer Symboldatei oder eines Symbolordners."_s, listSymbols, false });
     registerCommand({ u"symbols extract"_s, u"PAKET KENNUNG DATEI"_s,
                       u"Schreibt das Bild eines Symbols der Symboldatei in eine Datei."_s, extractSymbol, false });
+    cliGraphics({ u"symbols pack"_s, u"symbols list"_s, u"symbols extract"_s });
     cliDetails(u"symbols pack"_s,
                u"  ORDNER             Bilder (PNG, JPEG, BMP, SVG); Unterordner sind die Kategorien, Dateinamen\n"
                u"                     die Namen; names.<Sprache>.csv (\"Datei;Name;Kategorie\") fügt Texte einer\n"
