@@ -92,7 +92,7 @@ public:
         // once, not first as zeros and then again with the bytes.
         const qint64 cache = execute(u"PRAGMA cache_size"_s).rows.front().value(0).toLongLong();
         const qint64 needed = -(size / 1024 + 4096);
-        if (cache > needed || cache > 0)
+        if (cache > needed) // a positive setting counts pages and is replaced too
             execute(u"PRAGMA cache_size=%1"_s.arg(needed));
         const auto restoreCache = qScopeGuard([&] {
             sqlite3_exec(m_db, u"PRAGMA cache_size=%1"_s.arg(cache).toUtf8().constData(), nullptr, nullptr, nullptr);
