@@ -134,26 +134,23 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     layout->addLayout(buttons);
     resize(680, 420);
 
-    const auto handle = [this](auto *sender, auto signal, void (TDocModiCommonForm::*handler)()) {
-        kx::connectHandler(sender, signal, this, handler);
-    };
-    handle(ToolButton121, &QAction::triggered, &TDocModiCommonForm::ToolButton121Click);
-    handle(ToolButton3, &QAction::triggered, &TDocModiCommonForm::ToolButton3Click);
-    handle(DoAppend, &QAction::triggered, &TDocModiCommonForm::AppendRecord);
-    handle(DoPost, &QAction::triggered, &TDocModiCommonForm::PostRecord);
-    handle(DoDelete, &QAction::triggered, &TDocModiCommonForm::DeleteRecord);
-    handle(DoClose, &QAction::triggered, &TDocModiCommonForm::DoCloseExecute);
-    handle(DoDeleteAll, &QAction::triggered, &TDocModiCommonForm::DeleteAllRecords);
+    kx::connectHandler(ToolButton121, &QAction::triggered, this, &TDocModiCommonForm::ToolButton121Click);
+    kx::connectHandler(ToolButton3, &QAction::triggered, this, &TDocModiCommonForm::ToolButton3Click);
+    kx::connectHandler(DoAppend, &QAction::triggered, this, &TDocModiCommonForm::AppendRecord);
+    kx::connectHandler(DoPost, &QAction::triggered, this, &TDocModiCommonForm::PostRecord);
+    kx::connectHandler(DoDelete, &QAction::triggered, this, &TDocModiCommonForm::DeleteRecord);
+    kx::connectHandler(DoClose, &QAction::triggered, this, &TDocModiCommonForm::DoCloseExecute);
+    kx::connectHandler(DoDeleteAll, &QAction::triggered, this, &TDocModiCommonForm::DeleteAllRecords);
     connect(DoFirst, &QAction::triggered, this, [this] { MoveTo(0); });
     connect(DoPrior, &QAction::triggered, this, [this] { MoveTo(std::max(0, SelectedRow() - 1)); });
     connect(DoNext, &QAction::triggered, this, [this] { MoveTo(SelectedRow() + 1); });
     connect(DoLast, &QAction::triggered, this, [this] { MoveTo(RowCount() - 1); });
-    handle(close, &QPushButton::clicked, &TDocModiCommonForm::DoCloseExecute);
-    handle(Dokumentspeichern1, &QAction::triggered, &TDocModiCommonForm::Dokumentspeichern1Click);
-    handle(Button1, &QPushButton::clicked, &TDocModiCommonForm::Button1Click);
-    handle(DokumentList, &QTreeWidget::itemDoubleClicked, &TDocModiCommonForm::DokumentListDblClick);
-    handle(DokumentList, &QTreeWidget::itemSelectionChanged, &TDocModiCommonForm::rowSelected);
-    handle(Dokumente, &TCEdit::OnDropDown, &TDocModiCommonForm::DokumenteDropDown);
+    kx::connectHandler(close, &QPushButton::clicked, this, &TDocModiCommonForm::DoCloseExecute);
+    kx::connectHandler(Dokumentspeichern1, &QAction::triggered, this, &TDocModiCommonForm::Dokumentspeichern1Click);
+    kx::connectHandler(Button1, &QPushButton::clicked, this, &TDocModiCommonForm::Button1Click);
+    kx::connectHandler(DokumentList, &QTreeWidget::itemDoubleClicked, this, &TDocModiCommonForm::DokumentListDblClick);
+    kx::connectHandler(DokumentList, &QTreeWidget::itemSelectionChanged, this, &TDocModiCommonForm::rowSelected);
+    kx::connectHandler(Dokumente, &TCEdit::OnDropDown, this, &TDocModiCommonForm::DokumenteDropDown);
     FormCreate();
 }
 

@@ -140,11 +140,11 @@ TImportCommonForm::TImportCommonForm(QWidget *owner)
     connect(RemoveRelationButton, &QPushButton::clicked, this, [this] { RemoveRelationButtonClick(); });
     connect(ImportDefinitionList, &QTreeWidget::itemDoubleClicked, this, [this] { AddRelationButtonClick(); });
     connect(DatabaseColumnDefinitionList, &QTreeWidget::itemDoubleClicked, this, [this] { RemoveRelationButtonClick(); });
-    connect(OpenFileButton, &QPushButton::clicked, this, [this] { kx::showErrors([this] { OpenFileButtonClick(); }); });
+    kx::connectHandler(OpenFileButton, &QPushButton::clicked, this, &TImportCommonForm::OpenFileButtonClick);
     connect(StartImportButton, &QPushButton::clicked, this, [this] { StartImportButtonClick(); });
     connect(DoNew, &QAction::triggered, this, [this] { DoNewExecute(); });
-    connect(DoOpen, &QAction::triggered, this, [this] { kx::showErrors([this] { DoOpenExecute(); }); });
-    connect(DoSave, &QAction::triggered, this, [this] { kx::showErrors([this] { DoSaveExecute(); }); });
+    kx::connectHandler(DoOpen, &QAction::triggered, this, &TImportCommonForm::DoOpenExecute);
+    kx::connectHandler(DoSave, &QAction::triggered, this, &TImportCommonForm::DoSaveExecute);
     FormCreate();
 }
 
