@@ -86,13 +86,18 @@ CliOutput setLine(const CliContext &context)
 {
     const CliArguments args(context, { u"preis"_s, u"charge"_s, u"lager"_s }, {});
     const QStringList &p = args.positional(4, u"TABELLE BELEG ARTIKELNUMMER MENGE"_s);
-    StockLine line{ p[0], p[1], articleNumber(p[2]), cliNumber(p[3], u"Die Menge"_s),
-                    cliNumber(args.value(u"preis"_s, u"0"_s), u"Der Preis"_s), args.value(u"charge"_s),
-                    args.value(u"lager"_s) };
+    StockLine line{ p[0], p[1], articleNumber(p[2]), cliNumber(p[3], u"Die Menge"_s), std::nullopt,
+                    args.value(u"charge"_s), args.value(u"lager"_s) };
+    if (args.has(u"preis"_s))
+        line.netto = cliNumber(args.value(u"preis"_s), u"Der Preis"_s);
     requireArticle(line.idnummer);
     if (!compSqlConnection->tableExists(line.table))
         throw CliInputError{ u"Die Tabelle \"%1\" gibt es nicht."_s.arg(line.table) };
+    // Under the document's lock, so that two programs setting the same article's line make one.
+    kx::SqlTransaction transaction;
+    const kx::SqlLock documentLock(Lager_DocumentLock(line.table, line.document));
     const QString id = stock_SetLine(line);
+    transaction.commit();
     return { QJsonObject{ { u"id"_s, id }, { u"table"_s, line.table }, { u"document"_s, line.document },
                           { u"idnummer"_s, line.idnummer }, { u"anzahl"_s, line.quantity } },
              u"Beleg %1: Artikel %2 mit Menge %3.\n"_s.arg(line.document).arg(line.idnummer).arg(cliAmount(line.quantity)) };
@@ -136,9 +141,9 @@ CliOutput postDocument(const CliContext &context, bool order)
         throw CliInputError{ u"Beleg \"%1\" hat in %2 keine Zeilen (Zeilen anlegen mit kxcommon stock line)."_s.arg(p[1], p[0]) };
     kx::SqlTraceCapture trace;
     if (order)
-        lager.ExecuteOrder();
+        Lager_PostOrder(lager);
     else
-        lager.Execute();
+        Lager_PostDocument(lager);
     const QString actionName = QString::fromLatin1(QMetaEnum::fromType<TCLagerActionType>().valueToKey(lager.fAction));
     return { QJsonObject{ { u"table"_s, lager.fTablename },
                           { u"document"_s, lager.fLinkvalue },

@@ -9,6 +9,7 @@
 
 #include <QDateTime>
 #include <QIODevice>
+#include <QScopeGuard>
 #include <QSet>
 #include <QThread>
 #include <ibase.h>
@@ -197,8 +198,57 @@ public:
         }
     }
 
+    void beginTransaction() override
+    {
+        ISC_STATUS_ARRAY status;
+        if (isc_start_transaction(status, &m_transaction, 1, &m_db, short(sizeof autocommitTpb), autocommitTpb)) {
+            m_transaction = 0;
+            fail(status, u"BEGIN"_s);
+        }
+    }
+
+    void commitTransaction() override
+    {
+        ISC_STATUS_ARRAY status;
+        if (m_transaction && isc_commit_transaction(status, &m_transaction)) {
+            rollbackTransaction();
+            fail(status, u"COMMIT"_s);
+        }
+        m_transaction = 0;
+    }
+
+    void rollbackTransaction() noexcept override
+    {
+        if (m_transaction) {
+            ISC_STATUS_ARRAY status;
+            isc_rollback_transaction(status, &m_transaction);
+            m_transaction = 0;
+        }
+    }
+
+    // The lock row updated inside the caller transaction: another connection's update of it
+    // waits until that transaction ends. Where the holder committed, the waiting update meets a
+    // changed row and is tried again; each failure means another posting has finished.
+    void acquireTransactionLock(const QString &name) override
+    {
+        const QString key = QString::number(lockKey(name));
+        ensureLockRow(key);
+        const QString update = u"update KX_LOCKS set NAME=NAME where NAME='"_s + key + u'\'';
+        for (int attempt = 1;; ++attempt) {
+            try {
+                if (executeOnce(update).rowsAffected == 0)
+                    throw DatabaseError(u"Die Sperre \"%1\" hat keine Sperrzeile."_s.arg(name), update);
+                return;
+            } catch (const ConflictError &e) {
+                if (attempt == transactionLockAttempts)
+                    throw DatabaseError(u"Die Sperre \"%1\" ist nicht zu bekommen: %2"_s.arg(name, e.nativeText()));
+            }
+        }
+    }
+
     void close() override
     {
+        rollbackTransaction();
         releaseLock();
         if (m_db) {
             ISC_STATUS_ARRAY status;
@@ -295,6 +345,7 @@ public:
 
 private:
     static constexpr int conflictAttempts = 5;
+    static constexpr int transactionLockAttempts = 100;
     static constexpr char autocommitTpb[] = { isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed,
                                               isc_tpb_rec_version, isc_tpb_wait };
 
@@ -310,10 +361,28 @@ private:
 
     static constexpr unsigned short segmentSize = 32768;
 
-    // Runs Work in a transaction of its own with a statement handle, committed when it returns
-    // and rolled back when it throws.
+    // Runs Work with a statement handle in the caller transaction while one is open, otherwise in
+    // a transaction of its own that is committed when Work returns and rolled back when it throws.
     template<class Work>
     void inTransaction(const QString &sql, Work &&work)
+    {
+        if (!m_db)
+            throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
+        if (m_transaction) {
+            isc_stmt_handle statement = 0;
+            const auto drop = qScopeGuard([&] {
+                ISC_STATUS_ARRAY ignored;
+                if (statement)
+                    isc_dsql_free_statement(ignored, &statement, DSQL_drop);
+            });
+            work(m_transaction, statement);
+            return;
+        }
+        inOwnTransaction(sql, std::forward<Work>(work));
+    }
+
+    template<class Work>
+    void inOwnTransaction(const QString &sql, Work &&work)
     {
         if (!m_db)
             throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
@@ -347,16 +416,26 @@ private:
         return result;
     }
 
+    // Committed on its own also while a caller transaction is open.
+    SqlResult executeAutocommit(const QString &sql)
+    {
+        SqlResult result;
+        inOwnTransaction(sql, [&](isc_tr_handle &transaction, isc_stmt_handle &statement) {
+            result = run(sql, transaction, statement);
+        });
+        return result;
+    }
+
 
 
     // The lock table and the name's row, made by whichever connection needs them first.
     void ensureLockRow(const QString &key)
     {
         if (!m_lockTableChecked) {
-            if (executeOnce(u"select count(*) from rdb$relations where rdb$relation_name='KX_LOCKS'"_s)
+            if (executeAutocommit(u"select count(*) from rdb$relations where rdb$relation_name='KX_LOCKS'"_s)
                     .rows.front().value(0).toInt() == 0) {
                 try {
-                    execute(u"CREATE TABLE KX_LOCKS (NAME VARCHAR(20) NOT NULL PRIMARY KEY)"_s);
+                    executeAutocommit(u"CREATE TABLE KX_LOCKS (NAME VARCHAR(20) NOT NULL PRIMARY KEY)"_s);
                 } catch (const DatabaseError &) { // made at the same moment by another connection
                 }
             }
@@ -365,7 +444,7 @@ private:
         if (m_lockRows.contains(key))
             return;
         try {
-            execute(u"insert into KX_LOCKS (NAME) select '"_s + key
+            executeAutocommit(u"insert into KX_LOCKS (NAME) select '"_s + key
                     + u"' from rdb$database where not exists (select 1 from KX_LOCKS where NAME='"_s + key + u"')"_s);
         } catch (const DatabaseError &) { // inserted at the same moment by another connection
         }
@@ -521,6 +600,7 @@ private:
 
     isc_db_handle m_db = 0;
     isc_tr_handle m_lockTransaction = 0;
+    isc_tr_handle m_transaction = 0; // the caller transaction while one is open
     bool m_lockTableChecked = false;
     QSet<QString> m_lockRows; // the lock rows known to exist, so that a lock costs one update
 };

@@ -117,7 +117,7 @@ public:
     // transaction. Reading takes the value back piece by piece in binary result format.
     void writeBlob(const BlobLocation &at, QIODevice &source) override
     {
-        execute(u"BEGIN"_s);
+        execute(m_inTransaction ? u"SAVEPOINT KX_BLOB"_s : u"BEGIN"_s);
         try {
             execute(u"CREATE TEMPORARY TABLE kx_blob_pieces (n integer, piece bytea) ON COMMIT DROP"_s);
             const QByteArray insert = "insert into kx_blob_pieces (n, piece) values ($1::integer, $2)";
@@ -134,9 +134,19 @@ public:
                         u"''::bytea) where %3"_s.arg(at.table, at.column, at.where()))
                     .rowsAffected != 1)
                 throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
-            execute(u"COMMIT"_s);
+            if (m_inTransaction) {
+                execute(u"DROP TABLE kx_blob_pieces"_s);
+                execute(u"RELEASE SAVEPOINT KX_BLOB"_s);
+            } else {
+                execute(u"COMMIT"_s);
+            }
         } catch (...) {
-            PQclear(PQexec(m_conn, "ROLLBACK"));
+            if (m_inTransaction) {
+                PQclear(PQexec(m_conn, "ROLLBACK TO SAVEPOINT KX_BLOB"));
+                PQclear(PQexec(m_conn, "RELEASE SAVEPOINT KX_BLOB"));
+            } else {
+                PQclear(PQexec(m_conn, "ROLLBACK"));
+            }
             throw;
         }
     }
@@ -185,7 +195,44 @@ public:
         m_lock.clear();
     }
 
+    void beginTransaction() override
+    {
+        execute(u"BEGIN"_s);
+        m_inTransaction = true;
+    }
+
+    // A transaction in which a statement failed answers COMMIT with a rollback, not an error.
+    void commitTransaction() override
+    {
+        m_inTransaction = false;
+        PGresult *res = PQexec(m_conn, "COMMIT");
+        const bool committed = PQresultStatus(res) == PGRES_COMMAND_OK && qstrcmp(PQcmdStatus(res), "COMMIT") == 0;
+        const QString native = committed ? QString() : QString::fromUtf8(PQerrorMessage(m_conn)).trimmed();
+        PQclear(res);
+        if (!committed) {
+            rollbackTransaction();
+            throw DatabaseError(u"SQL-Fehler: Die Transaktion wurde nicht bestätigt, nichts davon ist gebucht. %1"_s
+                                    .arg(native),
+                                u"COMMIT"_s, native);
+        }
+    }
+
+    void rollbackTransaction() noexcept override
+    {
+        m_inTransaction = false;
+        if (m_conn && PQtransactionStatus(m_conn) != PQTRANS_IDLE)
+            PQclear(PQexec(m_conn, "ROLLBACK"));
+    }
+
+    // A transaction-level advisory lock: the server frees it at the commit or the rollback, and
+    // also when the connection is lost.
+    void acquireTransactionLock(const QString &name) override
+    {
+        execute(u"select pg_advisory_xact_lock("_s + QString::number(lockKey(name)) + u')');
+    }
+
 private:
+    bool m_inTransaction = false;
     QString m_lock; // the key of the lock held, in brackets
 
     static QVariant value(PGresult *res, int row, int column)

@@ -84,6 +84,10 @@ void TCSqlConnection::Open(const QString &connectionString)
 void TCSqlConnection::Close()
 {
     if (m_driver) {
+        if (m_transactionDepth > 0)
+            m_driver->rollbackTransaction();
+        m_transactionDepth = 0;
+        m_transactionLocks.clear();
         if (m_lockDepth > 0)
             m_driver->releaseLock();
         m_lockDepth = 0;
@@ -134,19 +138,81 @@ bool TCSqlConnection::readBlob(const kx::BlobLocation &at, QIODevice &target)
     return m_driver->readBlob(at, target);
 }
 
-void TCSqlConnection::lock(const QString &name)
+bool TCSqlConnection::lock(const QString &name)
 {
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    if (m_transactionDepth > 0) {
+        if (!m_transactionLocks.contains(name)) {
+            m_driver->acquireTransactionLock(name);
+            m_transactionLocks << name;
+        }
+        return false;
+    }
     if (m_lockDepth == 0)
         m_driver->acquireLock(name);
     ++m_lockDepth;
+    return true;
 }
 
 void TCSqlConnection::unlock()
 {
     if (m_lockDepth > 0 && --m_lockDepth == 0 && m_driver)
         m_driver->releaseLock();
+}
+
+QString TCSqlConnection::savepointName() const
+{
+    return u"KX_SAVEPOINT_"_s + QString::number(m_transactionDepth);
+}
+
+void TCSqlConnection::beginTransaction()
+{
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    if (m_transactionDepth == 0) {
+        // SQLite's lock is itself a transaction; a transaction inside it could not be told apart.
+        if (m_lockDepth > 0)
+            throw kx::DatabaseError(u"Eine Transaktion kann nicht innerhalb einer Sperre beginnen; die Sperre "
+                                    u"gehört in die Transaktion."_s);
+        m_driver->beginTransaction();
+    } else {
+        m_driver->execute(u"SAVEPOINT "_s + savepointName());
+    }
+    ++m_transactionDepth;
+}
+
+void TCSqlConnection::commitTransaction()
+{
+    if (m_transactionDepth == 0 || !m_driver)
+        throw kx::DatabaseError(u"Es ist keine Transaktion offen, die bestätigt werden könnte."_s);
+    if (m_transactionDepth > 1) {
+        --m_transactionDepth;
+        m_driver->execute(u"RELEASE SAVEPOINT "_s + savepointName());
+        return;
+    }
+    m_transactionDepth = 0;
+    m_transactionLocks.clear();
+    m_driver->commitTransaction();
+}
+
+void TCSqlConnection::rollbackTransaction() noexcept
+{
+    if (m_transactionDepth == 0 || !m_driver)
+        return;
+    if (--m_transactionDepth > 0) {
+        try {
+            m_driver->execute(u"ROLLBACK TO SAVEPOINT "_s + savepointName());
+            m_driver->execute(u"RELEASE SAVEPOINT "_s + savepointName());
+            return;
+        } catch (const std::exception &) {
+            // Deliberate: a savepoint that cannot be rolled back to (a lost connection) takes the
+            // whole transaction with it, so nothing of it is committed later.
+            m_transactionDepth = 0;
+        }
+    }
+    m_transactionLocks.clear();
+    m_driver->rollbackTransaction();
 }
 
 QStringList TCSqlConnection::firstColumn(const QString &sql)
@@ -197,18 +263,50 @@ qint64 lockKey(const QString &name)
 
 SqlLock::SqlLock(const QString &name, TCSqlConnection *connection)
     : m_connection(connection)
+    , m_owed(connection->lock(name))
 {
-    m_connection->lock(name);
 }
 
 SqlLock::~SqlLock()
 {
+    if (!m_owed)
+        return;
     try {
         m_connection->unlock();
     } catch (const std::exception &) {
         // Deliberate: a failed release must not end the program from a destructor; the server
         // frees the lock when the connection ends.
     }
+}
+
+SqlTransaction::SqlTransaction(TCSqlConnection *connection, Outside outside)
+    : m_connection(connection)
+{
+    if (outside == Outside::Begin || m_connection->inTransaction()) {
+        m_connection->beginTransaction();
+        m_open = true;
+    }
+}
+
+SqlTransaction::~SqlTransaction()
+{
+    rollback();
+}
+
+void SqlTransaction::commit()
+{
+    if (!m_open)
+        return;
+    m_open = false;
+    m_connection->commitTransaction();
+}
+
+void SqlTransaction::rollback() noexcept
+{
+    if (!m_open)
+        return;
+    m_open = false;
+    m_connection->rollbackTransaction();
 }
 
 SqlTraceCapture::SqlTraceCapture(TCSqlConnection *connection)

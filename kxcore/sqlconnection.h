@@ -11,7 +11,8 @@ class SqlDialect;
 }
 
 // The one database connection of the application. Every statement runs on its own and is
-// committed when it returns; a text holding a second statement is refused before it is run.
+// committed when it returns, unless a caller has opened a transaction (kx::SqlTransaction); a
+// text holding a second statement is refused before it is run.
 class TCSqlConnection : public QObject
 {
     Q_OBJECT
@@ -33,10 +34,18 @@ public:
     void writeBlob(const kx::BlobLocation &at, QIODevice &source);
     bool readBlob(const kx::BlobLocation &at, QIODevice &target);
 
-    // The named lock of the database (see kx::SqlLock); nested calls count, the outermost
-    // release frees it.
-    void lock(const QString &name);
+    // The named lock of the database (see kx::SqlLock). Outside a transaction nested calls
+    // count and the outermost unlock frees it; inside one the lock lasts until the transaction
+    // ends and several may be held. Returns whether an unlock is owed.
+    bool lock(const QString &name);
     void unlock();
+
+    // The caller transaction (see kx::SqlTransaction): the outermost begin starts a database
+    // transaction, an inner one sets a savepoint; commit and rollback end the innermost.
+    void beginTransaction();
+    void commitTransaction();
+    void rollbackTransaction() noexcept;
+    bool inTransaction() const { return m_transactionDepth > 0; }
 
     // The connection's own listings; system tables are left out.
     QStringList GetTableNames();
@@ -58,9 +67,13 @@ Q_SIGNALS:
 private:
     QStringList firstColumn(const QString &sql);
 
+    QString savepointName() const;
+
     std::unique_ptr<kx::SqlDriver> m_driver;
     QString m_connectionString;
     int m_lockDepth = 0;
+    int m_transactionDepth = 0;
+    QStringList m_transactionLocks; // the names locked by the open transaction
 };
 
 // The application's connection (the host opens it before calling the package).
@@ -78,8 +91,9 @@ QString singleStatement(const QString &sql, const SqlLexis &lexis);
 
 // Holds a named lock of the database while it lives, so that work which reads values and
 // writes them back (a stock booking) is not interleaved with the same work of another
-// workstation. The statements inside still commit as they always do; the lock's own statements
-// are not part of the trace.
+// workstation. Outside a transaction the statements inside still commit as they always do;
+// inside one the lock is held until the transaction ends. The lock's own statements are not
+// part of the trace.
 class SqlLock
 {
 public:
@@ -90,6 +104,35 @@ public:
 
 private:
     TCSqlConnection *m_connection;
+    bool m_owed;
+};
+
+// A caller transaction while it lives: begun when made, committed by commit(), rolled back when
+// it ends without (an exception, an early return). Made while another is open it is a
+// savepoint of that one, so a failed part can be undone alone. With Outside::Nothing it is a
+// savepoint inside an open transaction and does nothing outside one: for a statement whose
+// failure is reported and passed over, which must not spoil the caller's transaction (on
+// PostgreSQL a failed statement ends every later one of its transaction). The transaction's own
+// statements are not part of the trace.
+class SqlTransaction
+{
+public:
+    enum class Outside { Begin, Nothing };
+    explicit SqlTransaction(TCSqlConnection *connection = compSqlConnection, Outside outside = Outside::Begin);
+    explicit SqlTransaction(Outside outside)
+        : SqlTransaction(compSqlConnection, outside)
+    {
+    }
+    ~SqlTransaction();
+    SqlTransaction(const SqlTransaction &) = delete;
+    SqlTransaction &operator=(const SqlTransaction &) = delete;
+
+    void commit();
+    void rollback() noexcept;
+
+private:
+    TCSqlConnection *m_connection;
+    bool m_open = false;
 };
 
 // Records every statement text while it lives (for tests and the command line's trace).

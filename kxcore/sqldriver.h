@@ -26,7 +26,8 @@ class SqlDriver
 public:
     virtual ~SqlDriver() = default;
 
-    // Runs exactly one statement and commits it; throws DatabaseError with the native text.
+    // Runs exactly one statement and commits it, or runs it inside the caller transaction while
+    // one is open; throws DatabaseError with the native text.
     virtual SqlResult execute(const QString &sql) = 0;
     virtual void close() = 0;
     virtual const SqlDialect &dialect() const = 0;
@@ -37,8 +38,19 @@ public:
     virtual void acquireLock(const QString &name) = 0;
     virtual void releaseLock() = 0;
 
+    // The caller transaction: from begin to commit or rollback every statement runs in one
+    // transaction (read committed), and savepoints may be set inside it with execute. A commit
+    // that fails leaves nothing of the transaction in effect. Rolling back never throws.
+    virtual void beginTransaction() = 0;
+    virtual void commitTransaction() = 0;
+    virtual void rollbackTransaction() noexcept = 0;
+    // Takes the named lock for the rest of the open transaction: it goes with the commit or the
+    // rollback, and another connection asking for it waits until then. Several may be held.
+    virtual void acquireTransactionLock(const QString &name) = 0;
+
     // Streams Source, from its position to its end, into the location in pieces, in one
-    // transaction, never through a statement's text; the row must exist. Throws DatabaseError.
+    // transaction (the caller's while one is open), never through a statement's text; the row
+    // must exist. Throws DatabaseError.
     virtual void writeBlob(const BlobLocation &at, QIODevice &source) = 0;
     // Streams the location's value into Target in pieces; false when there is no such row or the
     // value is null.

@@ -31,18 +31,24 @@ public:
                                     .arg(parameters.database, native),
                                 {}, native);
         }
-        sqlite3_busy_timeout(m_db, 10000);
+        sqlite3_busy_timeout(m_db, busyTimeoutMs);
         // WAL keeps readers and the single writer apart; FULL sync keeps every committed statement.
         execute(u"PRAGMA journal_mode=WAL"_s);
         execute(u"PRAGMA synchronous=FULL"_s);
     }
     ~SqliteDriver() override { close(); }
     static constexpr int lockAttempts = 3;
+    static constexpr int busyTimeoutMs = 10000;
 
     SqlResult execute(const QString &sql) override
     {
         if (!m_db)
             throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
+        // SQLite ends a transaction by itself after some failures (a full disk, an I/O error);
+        // what follows must not then run and commit on its own as if nothing had happened.
+        if (m_inTransaction && sqlite3_get_autocommit(m_db))
+            throw DatabaseError(u"SQL-Fehler: Die Transaktion wurde von der Datenbank abgebrochen; es wurde nichts "
+                                u"gebucht.\n%1"_s.arg(sql), sql);
         sqlite3_stmt *statement = nullptr;
         const int rc = sqlite3_prepare16_v2(m_db, sql.utf16(), int(sql.size() * sizeof(char16_t)), &statement,
                                             nullptr);
@@ -97,7 +103,8 @@ public:
         const auto restoreCache = qScopeGuard([&] {
             sqlite3_exec(m_db, u"PRAGMA cache_size=%1"_s.arg(cache).toUtf8().constData(), nullptr, nullptr, nullptr);
         });
-        execute(u"BEGIN IMMEDIATE"_s);
+        if (!m_inTransaction)
+            execute(u"BEGIN IMMEDIATE"_s);
         sqlite3_blob *blob = nullptr;
         try {
             if (execute(u"update %1 set %2=zeroblob(%3) where %4"_s.arg(at.table, at.column).arg(size).arg(at.where()))
@@ -114,10 +121,12 @@ public:
                 offset += chunk.size();
             }
             sqlite3_blob_close(blob);
-            execute(u"COMMIT"_s);
+            if (!m_inTransaction)
+                execute(u"COMMIT"_s);
         } catch (...) {
             sqlite3_blob_close(blob);
-            sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+            if (!m_inTransaction)
+                sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
             throw;
         }
     }
@@ -149,20 +158,7 @@ public:
 
     // The database's one write lock serves every name: BEGIN IMMEDIATE waits (busy timeout) while
     // another connection writes, and the statements up to the release commit together.
-    void acquireLock(const QString &) override
-    {
-        for (int attempt = 1;; ++attempt) {
-            try {
-                execute(u"BEGIN IMMEDIATE"_s);
-                return;
-            } catch (const DatabaseError &) {
-                const int code = sqlite3_errcode(m_db);
-                if ((code != SQLITE_BUSY && code != SQLITE_LOCKED) || attempt == lockAttempts)
-                    throw DatabaseError(u"Die Datenbank ist von einem anderen Arbeitsplatz gesperrt; nach %1 Versuchen "
-                                        u"aufgegeben, es wurde nichts gebucht."_s.arg(attempt));
-            }
-        }
-    }
+    void acquireLock(const QString &) override { beginImmediate(); }
 
     // Deliberate: commits also after a failed statement, so that rows already written stay
     // written, as they do outside a lock.
@@ -172,7 +168,55 @@ public:
             execute(u"COMMIT"_s);
     }
 
+    // The write lock is taken at the start, so that two transactions never both read and then
+    // wait for each other to write.
+    void beginTransaction() override
+    {
+        beginImmediate();
+        m_inTransaction = true;
+    }
+
+    void commitTransaction() override
+    {
+        m_inTransaction = false;
+        if (sqlite3_get_autocommit(m_db))
+            throw DatabaseError(u"SQL-Fehler: Die Transaktion wurde von der Datenbank abgebrochen; es wurde nichts gebucht."_s);
+        try {
+            execute(u"COMMIT"_s);
+        } catch (...) {
+            rollbackTransaction();
+            throw;
+        }
+    }
+
+    void rollbackTransaction() noexcept override
+    {
+        m_inTransaction = false;
+        if (m_db && !sqlite3_get_autocommit(m_db))
+            sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+
+    // The transaction holds the database's one write lock already.
+    void acquireTransactionLock(const QString &) override {}
+
 private:
+    // Waits for the write lock (busy timeout, a few times), then holds it until the commit.
+    void beginImmediate()
+    {
+        for (int attempt = 1;; ++attempt) {
+            try {
+                execute(u"BEGIN IMMEDIATE"_s);
+                return;
+            } catch (const DatabaseError &) {
+                const int code = sqlite3_errcode(m_db);
+                if ((code != SQLITE_BUSY && code != SQLITE_LOCKED) || attempt == lockAttempts)
+                    throw DatabaseError(u"Die Datenbank ist seit %1 Sekunden von einem anderen Arbeitsplatz gesperrt; "
+                                        u"aufgegeben, ohne die Sperre zu bekommen."_s
+                                            .arg(attempt * busyTimeoutMs / 1000));
+            }
+        }
+    }
+
     DatabaseError failure(const QString &sql) const
     {
         const QString native = QString::fromUtf8(sqlite3_errmsg(m_db));
@@ -212,6 +256,7 @@ private:
     }
 
     sqlite3 *m_db = nullptr;
+    bool m_inTransaction = false;
 };
 
 } // namespace

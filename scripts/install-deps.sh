@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libquazip1-qt6-dev libsane-dev libsqlite3-dev libpq-dev firebird-dev)
 if [ "${1:-all}" != demo ]; then
     packages+=(libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase libgtest-dev libbenchmark-dev
-               postgresql firebird3.0-server firebird3.0-utils sane-utils)
+               postgresql firebird3.0-server firebird3.0-utils sane-utils librapidcheck-dev)
 fi
 missing=()
 for p in "${packages[@]}"; do

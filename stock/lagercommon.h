@@ -31,7 +31,9 @@ using enum LagerCommon::TCLagerActionType;
 using enum LagerCommon::TCLagerModeType;
 
 // Posts stock and order documents: the caller sets the properties that describe the document
-// and calls Execute or ExecuteOrder. Every statement commits on its own; nothing is caught.
+// and calls Execute or ExecuteOrder. Every statement commits on its own unless the caller has
+// opened a transaction; nothing is caught. Lager_PostDocument and Lager_PostOrder post a
+// document wholly or not at all, and once.
 class TCLagerAction : public QObject
 {
     Q_OBJECT
@@ -90,6 +92,8 @@ public:
     void Execute();
     // Posts the order document Linkvalue of Tablename on the articles' quantities on order.
     void ExecuteOrder();
+    // How many lines the last Execute or ExecuteOrder found to book.
+    int LinesPosted() const { return m_linesPosted; }
 
     // Writes the stock-log rows of one booking and brings the month's balance up to date.
     void LogAction(const QString &Text, const QString &Art, double Count, double OldCount, double NewCount,
@@ -101,10 +105,25 @@ public:
     void CalcLagerCountBasedOnCharge(const QString &LineId);
 
 private:
+    void openLines();
     void runModi(const QStringList &lines);
     void logIssueRows(kx::SqlValueList &row, const QString &ArtikelID, double count, double &runningStock, const QDate &bookingDate);
     void updateMonthBalance(const QString &ArtikelID, double oldCount, double newCount);
+
+    int m_linesPosted = 0;
 };
+
+// The lock name of a document: postings and line edits of one document wait for each other.
+QString Lager_DocumentLock(const QString &table, const QString &document);
+
+// Posts the stock document (Execute) or the order document (ExecuteOrder) that the action
+// describes in one transaction under the document's lock held until the commit: the document is
+// booked completely or not at all, whatever fails (a refused statement, a lost connection, a
+// killed program), and two programs posting it at once book it once (the second waits, then
+// finds nothing left to book). Inside a transaction of the caller it is a savepoint of that one.
+// Returns the number of lines booked; throws kx::DatabaseError saying that nothing was booked.
+int Lager_PostDocument(TCLagerAction &action);
+int Lager_PostOrder(TCLagerAction &action);
 
 // Holder of stock keeping for the suite's modules; the package's own postings run on the
 // queries of TCLagerAction.

@@ -5,6 +5,7 @@
 #include "formatsettings.h"
 #include "globals.h"
 #include "log.h"
+#include "sqlconnection.h"
 #include "sqlquery.h"
 #include "sqltool.h"
 
@@ -73,7 +74,10 @@ void TCLagerAction::LogAction(const QString &Text, const QString &, double Count
     }
 
     try {
+        // Inside a caller transaction a savepoint keeps its failure from spoiling the booking.
+        kx::SqlTransaction guard(kx::SqlTransaction::Outside::Nothing);
         updateMonthBalance(ArtikelID, runningStock, NewCount);
+        guard.commit();
     } catch (const std::exception &error) {
         // The balance is a summary of the log: its failure must not undo or stop the booking.
         writeErrorLog(u"TCLagerAction.LogAction: Monatsbestand nicht fortgeschrieben: "_s

@@ -2,6 +2,7 @@
 #include "lagercommon.h"
 
 #include "lageramount.h"
+#include "kxerror.h"
 #include "sqlconnection.h"
 #include "sqlquery.h"
 #include "sqltool.h"
@@ -23,7 +24,69 @@ void addLineConditions(TCStrings &sql, const QString &linkvalue, TCLagerActionTy
     sql.Add(u"AND (NOT (IDNUMMER IS NULL))"_s);
 }
 
+QString articleLock(const QString &idnummer)
+{
+    return u"LAGER_"_s + idnummer;
+}
+
+// Inside a transaction every lock lasts until its end, so all the document's articles are locked
+// before the first line is booked, in one order for every posting: two postings that share
+// articles then never wait for each other in a circle.
+void lockArticles(TCSqlQuery &lines)
+{
+    if (!compSqlConnection->inTransaction())
+        return;
+    QStringList names;
+    for (lines.First(); !lines.Eof(); lines.Next())
+        names << articleLock(lines.FieldByName(u"IDNUMMER"_s).AsString());
+    lines.First();
+    names.sort();
+    names.removeDuplicates();
+    for (const QString &name : names)
+        kx::SqlLock lock(name);
+}
+
+template<class Posting>
+int postWhole(TCLagerAction &action, Posting posting)
+{
+    const QString document = action.fLinkvalue;
+    const QString table = action.fTablename.toUpper();
+    try {
+        kx::SqlTransaction transaction;
+        const kx::SqlLock documentLock(Lager_DocumentLock(table, document));
+        posting();
+        transaction.commit();
+        return action.LinesPosted();
+    } catch (const kx::DatabaseError &error) {
+        throw kx::DatabaseError(u"Beleg %1 in %2 wurde nicht gebucht, auch nicht teilweise.\n%3"_s
+                                    .arg(document, table, error.message()),
+                                error.statement(), error.nativeText());
+    }
+}
+
 } // namespace
+
+QString Lager_DocumentLock(const QString &table, const QString &document)
+{
+    return u"BELEG_"_s + table.toUpper() + u'_' + document;
+}
+
+int Lager_PostDocument(TCLagerAction &action)
+{
+    return postWhole(action, [&action] { action.Execute(); });
+}
+
+int Lager_PostOrder(TCLagerAction &action)
+{
+    return postWhole(action, [&action] { action.ExecuteOrder(); });
+}
+
+void TCLagerAction::openLines()
+{
+    DataQuery->Open();
+    m_linesPosted = DataQuery->RecordCount();
+    lockArticles(*DataQuery);
+}
 
 void TCLagerAction::Execute()
 {
@@ -38,13 +101,13 @@ void TCLagerAction::Execute()
         DataQuery->SQL.Add(u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,id FROM "_s + fTablename);
     }
     addLineConditions(DataQuery->SQL, fLinkvalue, fAction, u"COUNTLAGER"_s);
-    DataQuery->Open();
+    openLines();
 
     while (!DataQuery->Eof()) {
         const QString lineId = DataQuery->FieldByName(u"id"_s).AsString();
         // One line's counts and log rows are read and written back under the article's lock, so
         // that two workstations booking the same article never draw on one receipt twice.
-        const kx::SqlLock articleLock(u"LAGER_"_s + DataQuery->FieldByName(u"IDNUMMER"_s).AsString());
+        const kx::SqlLock lock(articleLock(DataQuery->FieldByName(u"IDNUMMER"_s).AsString()));
         if (!fUseCharge) {
             CalcLagerCount(lineId, fEnableMultiStorage ? DataQuery->FieldByName(u"LagerID"_s).AsString() : QString());
         } else {
@@ -75,7 +138,7 @@ void TCLagerAction::ExecuteOrder()
     DataQuery->SQL.Clear();
     DataQuery->SQL.Add(u"SELECT IDNUMMER,ANZAHL,COUNTBESTELLT FROM "_s + fTablename);
     addLineConditions(DataQuery->SQL, fLinkvalue, fAction, u"COUNTBESTELLT"_s);
-    DataQuery->Open();
+    openLines();
 
     while (!DataQuery->Eof()) {
         const double A = DataQuery->FieldByName(u"ANZAHL"_s).AsFloat();

@@ -118,8 +118,9 @@ QString stock_SetLine(const StockLine &line)
     const bool orderLines = line.table.compare(QString::fromUtf16(OrderLineTable), Qt::CaseInsensitive) == 0;
     QString id = sqlGetValue(u"select ID from "_s + line.table + where);
     if (!id.isEmpty()) {
-        SqlExec(u"update "_s + line.table + u" set ANZAHL="_s + sqlConvertFloat(line.quantity) + u",NETTO="_s
-                + sqlConvertFloat(line.netto) + u" where ID="_s + kx::sqlQuoted(id));
+        SqlExec(u"update "_s + line.table + u" set ANZAHL="_s + sqlConvertFloat(line.quantity)
+                + (line.netto ? u",NETTO="_s + sqlConvertFloat(*line.netto) : QString()) + u" where ID="_s
+                + kx::sqlQuoted(id));
         return id;
     }
     id = sqlGenIdValue();
@@ -130,7 +131,7 @@ QString stock_SetLine(const StockLine &line)
         .add(u"ANZAHL"_s, sqlConvertFloat(line.quantity))
         .add(u"COUNTLAGER"_s, u"0"_s)
         .add(u"COUNTBESTELLT"_s, u"0"_s)
-        .add(u"NETTO"_s, sqlConvertFloat(line.netto));
+        .add(u"NETTO"_s, sqlConvertFloat(line.netto.value_or(0)));
     if (!orderLines) {
         row.add(u"HASCHARGE"_s, line.chargeId.isEmpty() ? u"0"_s : u"1"_s);
         if (!line.chargeId.isEmpty())

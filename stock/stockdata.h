@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QList>
 #include <QString>
+#include <optional>
 
 // The tables of the suite's stock modules (articles, storage locations, batches, orders and a
 // stock document's lines) in the columns the stock engine reads and writes, and the few reads
@@ -36,7 +37,7 @@ struct StockLine
     QString document;
     int idnummer = 0;
     double quantity = 0;
-    double netto = 0;
+    std::optional<double> netto; // an edited line keeps its price when none is given
     QString chargeId;  // a batch line when set
     QString lagerId;   // the storage location of a multi-storage document
 };
