@@ -93,9 +93,9 @@ void TfrmPlzOrtStrasse::AddItems(TCEdit *Edit, const QString &Field, const QStri
     DataQuery->SQL.Add(u"SELECT DISTINCT "_s + Field + u" from Orte"_s);
     DataQuery->SQL.Add(u"Where 1=1"_s);
     if (!Cond1Value.isEmpty())
-        DataQuery->SQL.Add(u"and "_s + Cond1Field + u"='"_s + Cond1Value + u"'"_s);
+        DataQuery->SQL.Add(u"and "_s + Cond1Field + u"='"_s + sqlConvertString(Cond1Value) + u"'"_s);
     if (!Cond2Value.isEmpty())
-        DataQuery->SQL.Add(u"and "_s + Cond2Field + u"='"_s + Cond2Value + u"'"_s);
+        DataQuery->SQL.Add(u"and "_s + Cond2Field + u"='"_s + sqlConvertString(Cond2Value) + u"'"_s);
     DataQuery->SQL.Add(u"order by "_s + Field);
     DataQuery->Open();
     for (; !DataQuery->Eof(); DataQuery->Next())
@@ -145,7 +145,7 @@ void TfrmPlzOrtStrasse::PlzChanged(QObject *)
     // Deliberate: the town is only checked against the directory's first town for the
     // postcode, never filled in from it. (An empty postcode asks nothing.)
     if (Plz->Text().isEmpty()
-        || sqlGetValue(u"Select Ort from Orte Where plz='"_s + Plz->Text() + u"'"_s) != Ort->Text()) {
+        || sqlGetValue(u"Select Ort from Orte Where plz='"_s + sqlConvertString(Plz->Text()) + u"'"_s) != Ort->Text()) {
         Ort->setText(QString());
         Strasse->setText(QString());
         Hausnummer->setText(QString());
@@ -169,8 +169,8 @@ void TfrmPlzOrtStrasse::checkStreet()
 {
     // Deliberate: compared with the first street the directory returns, in no given order, so a
     // valid street that is not that one is cleared as well.
-    const QString street = sqlGetValue(u"Select Strasse from Orte Where plz='"_s + Plz->Text() + u"' and ort='"_s
-                                       + Ort->Text() + u"'"_s);
+    const QString street = sqlGetValue(u"Select Strasse from Orte Where plz='"_s + sqlConvertString(Plz->Text()) + u"' and ort='"_s
+                                       + sqlConvertString(Ort->Text()) + u"'"_s);
     if (street != Strasse->Text()) {
         Strasse->setText(QString());
         Hausnummer->setText(QString());

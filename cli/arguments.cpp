@@ -1,5 +1,7 @@
 #include "command.h"
 
+#include <cmath>
+
 #include "formatsettings.h"
 #include "kxerror.h"
 #include "sqltool.h"
@@ -65,7 +67,8 @@ double cliNumber(const QString &text, const QString &what)
     } catch (const kx::ConvertError &) {
         bool ok = false;
         const double value = text.trimmed().toDouble(&ok);
-        if (!ok)
+        // "nan" and "inf" read as doubles, but no amount, quantity or distance is one.
+        if (!ok || !std::isfinite(value))
             throw CliUsageError{ u"%1 \"%2\" ist keine Zahl."_s.arg(what, text) };
         return value;
     }
@@ -77,6 +80,15 @@ int cliWholeNumber(const QString &text, const QString &what)
     const int value = text.toInt(&ok);
     if (!ok)
         throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 32-Bit-Bereich."_s.arg(what, text) };
+    return value;
+}
+
+qint64 cliLargeNumber(const QString &text, const QString &what)
+{
+    bool ok = false;
+    const qint64 value = text.toLongLong(&ok);
+    if (!ok)
+        throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 64-Bit-Bereich."_s.arg(what, text) };
     return value;
 }
 

@@ -79,6 +79,8 @@ void registerDocumentCommands();
 double cliNumber(const QString &text, const QString &what);
 // A whole number in the 32-bit range; a usage error names What.
 int cliWholeNumber(const QString &text, const QString &what);
+// A whole number in the 64-bit range (article, document and module numbers); a usage error names What.
+qint64 cliLargeNumber(const QString &text, const QString &what);
 // A text for JSON output: null for "none" (the empty text).
 QJsonValue cliTextOrNull(const QString &text);
 // An amount for text output: two decimals with the format settings' decimal separator.

@@ -38,14 +38,14 @@ CliOutput fee(const CliContext &context)
     const int32_t hours = cliWholeNumber(args.value(u"hours"_s, u"0"_s), u"Stunden"_s);
     const int32_t minutes = cliWholeNumber(args.value(u"minutes"_s, u"0"_s), u"Minuten"_s);
     const double quantity = cliNumber(args.value(u"quantity"_s, u"0"_s), u"Die Menge"_s);
-    if (days < 0 || hours < 0 || minutes < 0 || quantity < 0)
-        throw CliInputError{ u"Dauer und Menge dürfen nicht negativ sein."_s };
+    const double km = cliNumber(args.value(u"km"_s, u"0"_s), u"Die Kilometerzahl"_s);
+    if (days < 0 || hours < 0 || minutes < 0 || quantity < 0 || km < 0)
+        throw CliInputError{ u"Dauer, Menge und Kilometer dürfen nicht negativ sein."_s };
     if (!fee_ScheduleExists(p[0]))
         throw CliInputError{ u"Gebührensatzung \"%1\" gibt es nicht (kxcommon fee schedules listet sie)."_s.arg(p[0]) };
     double a = 0, b = 0, c = 0;
     if (args.has(u"km"_s))
-        CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, cliNumber(args.value(u"km"_s), u"Die Kilometerzahl"_s), a,
-                     b, c);
+        CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, km, a, b, c);
     else
         CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, a, b, c);
     return { QJsonObject{ { u"costFwaFw"_s, a }, { u"costFwSvgv"_s, b }, { u"costSvgvKt"_s, c } },
@@ -69,6 +69,9 @@ CliOutput aao(const CliContext &context)
     const bool useName = args.has(u"use-name"_s);
     QString date = args.value(u"date"_s);
     const QString time = args.value(u"time"_s);
+    // The rules' time windows are compared as text: only a time of day in their own form fits.
+    if (dated && !QTime::fromString(time, u"HH:mm:ss"_s).isValid() && !QTime::fromString(time, u"HH:mm"_s).isValid())
+        throw CliUsageError{ u"Die Uhrzeit \"%1\" ist keine Uhrzeit (SS:MM oder SS:MM:SS, z. B. 14:30:00)."_s.arg(time) };
     // The lookup's statement has no condition for an empty keyword, nor with a date for an empty
     // place: the database would refuse it. Said here in words instead.
     if (p[2].trimmed().isEmpty())

@@ -143,10 +143,25 @@ void checkTables(const CliCommand &command)
 // A database error as a sentence; the statement only when asked for.
 QString databaseMessage(const kx::DatabaseError &e, bool verbose)
 {
-    if (e.nativeText().isEmpty() || verbose)
+    if (verbose || (e.nativeText().isEmpty() && e.statement().isEmpty()))
         return e.message();
-    return u"Die Datenbank hat die Anweisung abgelehnt: %1 (--verbose zeigt die Anweisung)"_s.arg(
-        e.nativeText().section(u'\n', 0, 0));
+    QString text = e.message();
+    if (!e.statement().isEmpty())
+        text.remove(e.statement());
+    // What the caller said around the error (a document not booked) stays; the product's own
+    // words are said once, in one sentence.
+    QStringList lines;
+    for (const QString &line : text.split(u'\n', Qt::SkipEmptyParts)) {
+        if (!e.nativeText().isEmpty() && line.startsWith(u"SQL-Fehler"_s))
+            break;
+        lines << line.trimmed();
+    }
+    if (!e.nativeText().isEmpty())
+        lines << u"Die Datenbank hat die Anweisung abgelehnt: "_s + e.nativeText().section(u'\n', 0, 0);
+    QString message = lines.join(u'\n');
+    while (message.endsWith(u':'))
+        message.chop(1);
+    return message + u" (--verbose zeigt die Anweisung)"_s;
 }
 
 int fail(const CliContext &context, const QString &command, const QString &message, int code, const QString &usage = {})

@@ -18,9 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A number in German ("2,5") or plain ("2.5") writing.
-int articleNumber(const QString &text)
+qint64 articleNumber(const QString &text)
 {
-    return cliWholeNumber(text, u"Die Artikelnummer"_s);
+    return cliLargeNumber(text, u"Die Artikelnummer"_s);
 }
 
 template<class Enum>
@@ -55,7 +55,7 @@ TCLagerModeType mode(const QString &text)
                                       u"Belegart"_s);
 }
 
-void requireArticle(int idnummer)
+void requireArticle(qint64 idnummer)
 {
     if (stock_ArticleId(idnummer).isEmpty())
         throw CliInputError{ u"Artikel %1 gibt es nicht (anlegen mit kxcommon stock article)."_s.arg(idnummer) };
@@ -73,7 +73,7 @@ CliOutput addArticle(const CliContext &context)
 {
     const CliArguments args(context, { u"bestand"_s }, {});
     const QStringList &p = args.positional(2, u"ARTIKELNUMMER NAME"_s);
-    const int idnummer = articleNumber(p[0]);
+    const qint64 idnummer = articleNumber(p[0]);
     const double base = cliNumber(args.value(u"bestand"_s, u"0"_s), u"Der Grundbestand"_s);
     if (!stock_ArticleId(idnummer).isEmpty())
         throw CliInputError{ u"Artikel %1 existiert bereits."_s.arg(idnummer) };
@@ -159,7 +159,7 @@ CliOutput postDocument(const CliContext &context, bool order)
 CliOutput avail(const CliContext &context)
 {
     const CliArguments args(context, { u"lager"_s }, {});
-    const int idnummer = articleNumber(args.positional(1, u"ARTIKELNUMMER"_s)[0]);
+    const qint64 idnummer = articleNumber(args.positional(1, u"ARTIKELNUMMER"_s)[0]);
     TCLagerAction lager;
     const QString id = stock_ArticleId(idnummer);
     const double value = args.has(u"lager"_s) ? lager.GetMaxAvail(id, args.value(u"lager"_s)) : lager.GetMaxAvail(id);

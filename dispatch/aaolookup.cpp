@@ -34,8 +34,8 @@ QString statement(const QString &objekt, const QString &einsatzort, const QStrin
         + orNever(condition(u"EINSATZORT"_s, einsatzort))
         + u" or EINSATZORT='' or (EINSATZORT is null) or ( id in (select idparent from AAO_Orte Where "_s + placeList
         + u") )  ) and "_s + u"( "_s + u" ( "_s + u"  EXTENDEDSETTINGS=1 and "_s + weekday + u"=1 "_s
-        + u"  and (ES_FROMTIME<='"_s + time + u"' or ES_FROMTIME='' or ES_FROMTIME is Null) "_s
-        + u"  and (ES_TOTIME>='"_s + time + u"' or ES_TOTIME='' or ES_TOTIME is Null) "_s
+        + u"  and (ES_FROMTIME<='"_s + sqlConvertString(time) + u"' or ES_FROMTIME='' or ES_FROMTIME is Null) "_s
+        + u"  and (ES_TOTIME>='"_s + sqlConvertString(time) + u"' or ES_TOTIME='' or ES_TOTIME is Null) "_s
         + u"  and (ES_FromDate<='"_s + date + u"' or ES_FromDate is Null) "_s
         // Deliberate: the to-date test escapes on ES_FromDate, as the rule tables expect.
         + u"  and (ES_ToDate>='"_s + date + u"' or ES_FromDate is Null) "_s + u" ) "_s + u" or "_s + u" ( "_s

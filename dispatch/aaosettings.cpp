@@ -11,7 +11,7 @@ namespace {
 
 bool settingsExist(const QString &name)
 {
-    return sqlGetValueInt(u"Select count (p1) from sysparam where p1 = '"_s + name + u"'"_s) >= 1;
+    return sqlGetValueInt(u"Select count (p1) from sysparam where p1 = '"_s + sqlConvertString(name) + u"'"_s) >= 1;
 }
 
 } // namespace

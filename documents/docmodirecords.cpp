@@ -107,10 +107,9 @@ void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
         for (const auto &[name, value] : kx::changeStamp())
             if (!pairs.Contains(name))
                 pairs.SetValue(name, value);
-        // Deliberate: values are wrapped in quotes as they stand, a quote inside is not doubled.
         QStringList quoted;
         for (int p = 0; p < pairs.Count(); ++p)
-            quoted << pairs.Name(p) + u"='"_s + pairs.ValueAt(p) + u'\'';
+            quoted << pairs.Name(p) + u'=' + kx::sqlQuoted(pairs.ValueAt(p));
         query.SQL.Clear();
         query.SQL.Add(SqlBuildInsertSql(DataAccess_Doc->Tablename, quoted));
         query.ExecSQL();

@@ -4,6 +4,7 @@
 #include "listviewhooks.h"
 #include "sqlconnection.h"
 #include "sqlquery.h"
+#include "sqltool.h"
 #include "toolscommon.h"
 
 #include <QAction>
@@ -48,7 +49,7 @@ TDocViewCommonForm::TDocViewCommonForm(QWidget *parent)
 void TDocViewCommonForm::ShowCommonDokuments(const QString &TableName, const QString &ParentId)
 {
     DataQuery->SQL.Clear();
-    DataQuery->SQL.Add(u"Select * from "_s + TableName + u" Where idparent='"_s + ParentId + u"'"_s);
+    DataQuery->SQL.Add(u"Select * from "_s + TableName + u" Where idparent='"_s + sqlConvertString(ParentId) + u"'"_s);
     DataQuery->SQL.Add(u"Order by Bezeichnung"_s);
     fillFromQuery();
 }

@@ -1,6 +1,7 @@
 #include "docviewmatcommon.h"
 
 #include "sqlquery.h"
+#include "sqltool.h"
 #include "strtools.h"
 
 #include <memory>
@@ -13,9 +14,9 @@ void setParents(TCSqlQuery *query, const QString &first, const QString &Id1, con
 {
     query->SQL.Clear();
     query->SQL.Add(first);
-    query->SQL.Add(u"Where idParent='"_s + Id1 + u"'"_s);
-    query->SQL.Add(u"Or idParent='"_s + Id2 + u"'"_s);
-    query->SQL.Add(u"Or idParent='"_s + Id3 + u"'"_s);
+    query->SQL.Add(u"Where idParent='"_s + sqlConvertString(Id1) + u"'"_s);
+    query->SQL.Add(u"Or idParent='"_s + sqlConvertString(Id2) + u"'"_s);
+    query->SQL.Add(u"Or idParent='"_s + sqlConvertString(Id3) + u"'"_s);
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QWidget>
 #include <climits>
 
@@ -105,6 +106,11 @@ void ShellExecuteAndSearchDokument(const QString &FileName, const QString &Table
         writeLog(u"Seriendruck: die Vorlage %1 wird nicht gefüllt: %2."_s.arg(templateFile, reason));
         return;
     }
+    // The records come from one SELECT: the merge reads data and never changes or makes any.
+    static const QRegularExpression select(u"^\\s*select\\s"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression into(u"\\binto\\b"_s, QRegularExpression::CaseInsensitiveOption);
+    if (!select.match(Sql).hasMatch() || into.match(Sql).hasMatch())
+        throw kx::DatabaseError(u"Der Seriendruck liest seine Datensätze nur mit einer SELECT-Anweisung (ohne INTO):\n%1"_s.arg(Sql), Sql);
     TCSqlQuery query;
     query.Connection = compSqlConnection;
     query.SQL.Add(Sql);
@@ -115,8 +121,8 @@ void ShellExecuteAndSearchDokument(const QString &FileName, const QString &Table
         for (int f = 0; f < query.FieldCount(); ++f) {
             const TCQueryField field = query.Fields(f);
             const QString officeName = sqlGetValue(u"Select Officename from OfficeTableMapping where Tablename='"_s
-                                                   + TableName.toUpper() + u"' and Fieldname='"_s
-                                                   + field.FieldName().toUpper() + u"'"_s);
+                                                   + sqlConvertString(TableName.toUpper()) + u"' and Fieldname='"_s
+                                                   + sqlConvertString(field.FieldName().toUpper()) + u"'"_s);
             try {
                 TWordDocument *document = word->ActiveDocument();
                 for (int i = 1; i <= document->FormFieldsCount(); ++i)

@@ -64,7 +64,7 @@ void openQuery(TCSqlQuery &query, const QStringList &lines)
 void openSurcharges(TCSqlQuery &query, const QString &table, const QString &costId, bool byQuantity, double billed)
 {
     const QString column = byQuantity ? u"Anzahl"_s : u"CalcMinuten"_s;
-    openQuery(query, { u"Select * from "_s + table + u" Where idParent='"_s + costId + u"' and "_s + column + u'<'
+    openQuery(query, { u"Select * from "_s + table + u" Where idParent='"_s + sqlConvertString(costId) + u"' and "_s + column + u'<'
                        + sqlConvertFloat(billed) + u" order by "_s + column + u" DESC"_s });
 }
 
@@ -127,11 +127,11 @@ void TGSCommonForm::CalcGebuhren(QString ScheduleId, QString Event, int32_t Days
     if (ScheduleId.isEmpty())
         return;
     Event = asciiUpper(Event);
-    QString eventId = lookupEventId(*GSQuery, u"Select ID from gSchlussel_Ereignisse where idParent='"_s + ScheduleId
-                                                  + u"' and ( Upper(Ereignis)='"_s + Event + u"')"_s);
+    QString eventId = lookupEventId(*GSQuery, u"Select ID from gSchlussel_Ereignisse where idParent='"_s + sqlConvertString(ScheduleId)
+                                                  + u"' and ( Upper(Ereignis)='"_s + sqlConvertString(Event) + u"')"_s);
     const bool byQuantity = Quantity != 0.0;
     if (eventId.isEmpty())
-        eventId = lookupEventId(*GSQuery, u"Select ID from gSchlussel_Ereignisse where idParent='"_s + ScheduleId
+        eventId = lookupEventId(*GSQuery, u"Select ID from gSchlussel_Ereignisse where idParent='"_s + sqlConvertString(ScheduleId)
                                               + u"' and (Upper(Ereignis)='VORGABE')"_s);
     if (eventId.isEmpty()) {
         s1.setAsFloat(0.0);
@@ -146,7 +146,7 @@ void TGSCommonForm::CalcGebuhren(QString ScheduleId, QString Event, int32_t Days
         billed = Quantity;
     } else {
         if (Minutes != 0) {
-            openQuery(*GSQuery, { u"Select * from gSchlussel_Runden where idParent='"_s + ScheduleId + u"'"_s,
+            openQuery(*GSQuery, { u"Select * from gSchlussel_Runden where idParent='"_s + sqlConvertString(ScheduleId) + u"'"_s,
                                   u"order by BisMinuten"_s });
             for (; !GSQuery->Eof(); GSQuery->Next()) {
                 if (GSQuery->FieldByName(u"bisminuten"_s).AsInteger() >= Minutes) {
@@ -162,7 +162,7 @@ void TGSCommonForm::CalcGebuhren(QString ScheduleId, QString Event, int32_t Days
     }
 
     Leg A, B, C;
-    openQuery(*GSQuery, { u"Select * from gSchlussel_Kosten where idEreignis='"_s + eventId + u"'"_s });
+    openQuery(*GSQuery, { u"Select * from gSchlussel_Kosten where idEreignis='"_s + sqlConvertString(eventId) + u"'"_s });
     addSixColumns(*GSQuery, u"FK_"_s, A, B, C, flat);
     const QString costId = GSQuery->Eof() ? QString() : GSQuery->FieldByName(u"id"_s).AsString();
 

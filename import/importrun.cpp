@@ -185,7 +185,7 @@ QString TImportRun::mainRowId(const QString &table, const QString &keyField, int
         TCSqlQuery lookup;
         lookup.Connection = compSqlConnection;
         lookup.SQL.Add(u"Select id from "_s + table);
-        lookup.SQL.Add(u"Where "_s + keyField + u" = '"_s + GetImportField(m_line, keyColumn) + u"'"_s);
+        lookup.SQL.Add(u"Where "_s + keyField + u" = '"_s + sqlConvertString(GetImportField(m_line, keyColumn)) + u"'"_s);
         lookup.Open();
         if (!lookup.IsEmpty()) {
             ++m_summary.RowsUpdated;
@@ -207,10 +207,10 @@ void TImportRun::InsertImportRecord(const QString &table, const QString &idField
     QStringList values;
     newId = sqlGenIdValue();
     fields << idField;
-    values << u'\'' + newId + u'\'';
+    values << kx::sqlQuoted(newId);
     if (!parentField.isEmpty()) {
         fields << parentField;
-        values << u'\'' + parentId + u'\'';
+        values << kx::sqlQuoted(parentId);
     }
     for (const TImportField &field : std::as_const(Fields)) {
         const QStringList &s = field.SubItems;
@@ -264,14 +264,16 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
             const QString date = sqlConvertDate(value);
             lines << (date.isEmpty() ? QString(name + u"=NULL"_s) : QString(name + u"='"_s + date + u'\''));
         } else {
-            lines << name + u"='"_s + sqlConvertString(value).left(GetFieldLength(s[TImportField::DataType])) + u'\'';
+            // Cut to the declared length before the quotes are doubled, so that the cut never
+            // splits a doubled quote and ends the literal early.
+            lines << name + u"='"_s + sqlConvertString(value.left(GetFieldLength(s[TImportField::DataType]))) + u'\'';
         }
         if (id == u"-99"_s) {
             // The first written value of a child table makes the child row of this line.
             InsertImportRecord(table, u"ID"_s, u"IDParent"_s, id, m_mainId);
             runStatement({ u"Commit"_s });
         }
-        lines << u"Where id ='"_s + id + u'\'';
+        lines << u"Where id ='"_s + sqlConvertString(id) + u'\'';
         TCSqlQuery update;
         update.Connection = compSqlConnection;
         update.SQL.Assign(lines);
@@ -304,8 +306,10 @@ void TImportRun::runUnitPass()
     call(Progress.SetMaximum, qint64(records.RecordCount()));
     for (; !records.Eof(); records.Next()) {
         call(Progress.Step);
-        const auto text = [&records](const char16_t *name) { return records.FieldByName(QString::fromUtf16(name)).AsString(); };
-        // Deliberate: the values are placed as they are, without doubling quotes.
+        // The record's values with their quotes doubled, so that "O'Brien" goes in as it is.
+        const auto text = [&records](const char16_t *name) {
+            return sqlConvertString(records.FieldByName(QString::fromUtf16(name)).AsString());
+        };
         const QString assignment = !text(u"OPTA_KENNZEICHNUNG").isEmpty()
             ? QString(u"Einheit='"_s + text(u"OPTA_FUNKTIONSZUORDN") + u' ' + text(u"OPTA_FUNKRUFNAME") + u" ("_s
                       + text(u"OPTA_BUNDESLAND") + u")'"_s)

@@ -5,6 +5,9 @@
 #include "sqldialect.h"
 #include "sqltool.h"
 
+#include <QRegularExpression>
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 void alterOrCreateTable(const TCTableDef &table, TCSqlConnection *connection)
@@ -136,5 +139,41 @@ bool TCDataAccess::AlterOrCreateTable(bool)
         if (field.Generator)
             kx::ensureGenerator(connection, kx::generatorName(dialect, Tablename, field.Fieldname));
     }
+    ensureScale(connection);
     return true;
+}
+
+QList<kx::SqlDialect::ScaledColumn> TCDataAccess::scaledColumns() const
+{
+    static const QRegularExpression decimal(uR"(^\s*(?:numeric|decimal)\s*\(\s*\d+\s*,\s*(\d+)\s*\))"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
+    QList<kx::SqlDialect::ScaledColumn> columns;
+    for (const TCFieldDef &field : Fields.items()) {
+        const QRegularExpressionMatch m = decimal.match(field.SQLType);
+        if (m.hasMatch() && m.captured(1).toInt() > 0)
+            columns << kx::SqlDialect::ScaledColumn{ field.Fieldname, m.captured(1).toInt() };
+    }
+    return columns;
+}
+
+void TCDataAccess::ensureScale(TCSqlConnection &connection) const
+{
+    const kx::SqlDialect &dialect = connection.dialect();
+    const QList<kx::SqlDialect::ScaledColumn> columns = scaledColumns();
+    const kx::SqlDialect::ScaleTriggers wanted = dialect.scaleTriggers(Tablename, columns);
+    if (wanted.triggers.isEmpty())
+        return;
+    QStringList existing;
+    for (const QVector<QVariant> &row : connection.execute(dialect.scaleTriggerNamesSql(Tablename)).rows)
+        existing << row.value(0).toString();
+    QStringList names;
+    for (const auto &[name, sql] : wanted.triggers)
+        names << name;
+    if (std::all_of(names.cbegin(), names.cend(), [&](const QString &n) { return existing.contains(n, Qt::CaseInsensitive); }))
+        return;
+    for (const QString &name : existing)
+        connection.execute(u"DROP TRIGGER "_s + name);
+    for (const auto &[name, sql] : wanted.triggers)
+        connection.executeTrigger(sql);
+    connection.execute(wanted.roundExisting);
 }

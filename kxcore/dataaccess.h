@@ -5,10 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include "sqldialect.h"
+
 class TCSqlConnection;
-namespace kx {
-class SqlDialect;
-}
 
 enum TCFieldFlag : unsigned {
     fIndex = 1,       // a single-column index
@@ -152,6 +151,9 @@ public:
 
 private:
     QString columnDefinition(const kx::SqlDialect &dialect, const TCFieldDef &field) const;
+    QList<kx::SqlDialect::ScaledColumn> scaledColumns() const;
+    // Where the product does not hold decimal columns at their scale itself, the triggers that do.
+    void ensureScale(TCSqlConnection &connection) const;
     struct PlannedIndex
     {
         QString name;

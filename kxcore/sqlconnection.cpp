@@ -117,6 +117,16 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     return m_driver->execute(dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement);
 }
 
+void TCSqlConnection::executeTrigger(const QString &sql)
+{
+    Q_EMIT statementExecuted(sql);
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
+    if (!sql.startsWith(u"CREATE TRIGGER "_s))
+        throw kx::DatabaseError(u"Nur CREATE TRIGGER wird ohne die Prüfung auf eine zweite Anweisung ausgeführt.\n%1"_s.arg(sql), sql);
+    m_driver->execute(sql);
+}
+
 QString kx::BlobLocation::where() const
 {
     return keyColumn + u"='"_s + QString(key).replace(u'\'', u"''"_s) + u'\'';

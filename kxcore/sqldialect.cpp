@@ -7,6 +7,14 @@ using namespace Qt::StringLiterals;
 
 namespace kx {
 
+namespace {
+// A table or generator name inside a catalog query's string literal.
+QString literal(const QString &name)
+{
+    return QString(name).replace(u'\'', u"''"_s);
+}
+} // namespace
+
 QString SqlDialect::columnType(const QString &definitionType) const
 {
     const QString text = definitionType.simplified();
@@ -38,6 +46,11 @@ QString SqlDialect::createIndexSql(const QString &name, const QString &table, co
         + fields.join(u',') + u')';
 }
 
+SqlDialect::ScaleTriggers SqlDialect::scaleTriggers(const QString &, const QList<ScaledColumn> &) const
+{
+    return {};
+}
+
 QString SqlDialect::shortName(const QString &name) const
 {
     const QString upper = name.toUpper();
@@ -63,11 +76,11 @@ public:
     }
     QString fieldNamesSql(const QString &table) const override
     {
-        return u"select name from pragma_table_info('"_s + table + u"') order by cid"_s;
+        return u"select name from pragma_table_info('"_s + literal(table) + u"') order by cid"_s;
     }
     QString fieldTypesSql(const QString &table) const override
     {
-        return u"select name, type from pragma_table_info('"_s + table + u"') order by cid"_s;
+        return u"select name, type from pragma_table_info('"_s + literal(table) + u"') order by cid"_s;
     }
     // The declared type is the definition's own text here.
     QString definitionType(const QVector<QVariant> &row) const override
@@ -85,8 +98,40 @@ public:
     }
     QString indexNamesSql(const QString &table) const override
     {
-        return u"select name from sqlite_master where type='index' and lower(tbl_name)=lower('"_s + table
+        return u"select name from sqlite_master where type='index' and lower(tbl_name)=lower('"_s + literal(table)
             + u"')"_s;
+    }
+    // SQLite stores binary doubles: 0.3 - 0.1 stays 0.19999999999999998 and a receipt that is used
+    // up keeps 3e-17. PostgreSQL and Firebird store such a value with the column's scale, so the
+    // rows are brought to scale after every insert and update, inside the database, where the
+    // comparisons of later statements see them. The trigger names carry the column list, so a
+    // table that gains a decimal column gets new triggers.
+    ScaleTriggers scaleTriggers(const QString &table, const QList<ScaledColumn> &columns) const override
+    {
+        if (columns.isEmpty())
+            return {};
+        QStringList names, assignments, unscaled;
+        for (const ScaledColumn &c : columns) {
+            const QString rounded = u"round("_s + c.name + u',' + QString::number(c.scale) + u')';
+            names << c.name;
+            assignments << c.name + u'=' + rounded;
+            unscaled << c.name + u"<>"_s + rounded;
+        }
+        const QString set = u" SET "_s + assignments.join(u',') + u" WHERE "_s;
+        const QString condition = u'(' + unscaled.join(u" OR "_s) + u')';
+        const QString suffix = QString::fromLatin1(
+            QCryptographicHash::hash(names.join(u',').toUpper().toUtf8(), QCryptographicHash::Md5).toHex().left(8).toUpper());
+        const QString name = u"KX_SCALE_"_s + table.toUpper() + u'_';
+        const QString body = u" BEGIN UPDATE "_s + table + set + u"rowid=NEW.rowid AND "_s + condition + u"; END"_s;
+        return { { { name + u"I_"_s + suffix, u"CREATE TRIGGER "_s + name + u"I_"_s + suffix + u" AFTER INSERT ON "_s + table + body },
+                   { name + u"U_"_s + suffix, u"CREATE TRIGGER "_s + name + u"U_"_s + suffix + u" AFTER UPDATE OF "_s
+                                                  + names.join(u',') + u" ON "_s + table + body } },
+                 u"UPDATE "_s + table + set + condition };
+    }
+    QString scaleTriggerNamesSql(const QString &table) const override
+    {
+        return u"select name from sqlite_master where type='trigger' and name like 'KX_SCALE_%' and lower(tbl_name)=lower('"_s
+            + literal(table) + u"')"_s;
     }
     QStringList createGeneratorSql(const QString &name) const override
     {
@@ -131,13 +176,13 @@ public:
     QString fieldNamesSql(const QString &table) const override
     {
         return u"select column_name from information_schema.columns where table_schema=current_schema()"_s
-               u" and table_name='"_s + catalogName(table) + u"' order by ordinal_position"_s;
+               u" and table_name='"_s + literal(catalogName(table)) + u"' order by ordinal_position"_s;
     }
     QString fieldTypesSql(const QString &table) const override
     {
         return u"select column_name, data_type, character_maximum_length, numeric_precision, numeric_scale"_s
                u" from information_schema.columns where table_schema=current_schema() and table_name='"_s
-            + catalogName(table) + u"' order by ordinal_position"_s;
+            + literal(catalogName(table)) + u"' order by ordinal_position"_s;
     }
     QString definitionType(const QVector<QVariant> &row) const override
     {
@@ -163,7 +208,7 @@ public:
     QString indexNamesSql(const QString &table) const override
     {
         return u"select indexname from pg_indexes where schemaname=current_schema() and tablename='"_s
-            + catalogName(table) + u'\'';
+            + literal(catalogName(table)) + u'\'';
     }
     QStringList createGeneratorSql(const QString &name) const override
     {
@@ -204,14 +249,14 @@ public:
     QString fieldNamesSql(const QString &table) const override
     {
         return u"select trim(rdb$field_name) from rdb$relation_fields where rdb$relation_name='"_s
-            + catalogName(table) + u"' order by rdb$field_position"_s;
+            + literal(catalogName(table)) + u"' order by rdb$field_position"_s;
     }
     QString fieldTypesSql(const QString &table) const override
     {
         return u"select trim(r.rdb$field_name), f.rdb$field_type, f.rdb$character_length, f.rdb$field_precision,"_s
                u" f.rdb$field_scale, f.rdb$field_sub_type from rdb$relation_fields r join rdb$fields f"_s
                u" on f.rdb$field_name=r.rdb$field_source where r.rdb$relation_name='"_s
-            + catalogName(table) + u"' order by r.rdb$field_position"_s;
+            + literal(catalogName(table)) + u"' order by r.rdb$field_position"_s;
     }
     QString definitionType(const QVector<QVariant> &row) const override
     {
@@ -241,7 +286,7 @@ public:
     }
     QString indexNamesSql(const QString &table) const override
     {
-        return u"select trim(rdb$index_name) from rdb$indices where rdb$relation_name='"_s + catalogName(table)
+        return u"select trim(rdb$index_name) from rdb$indices where rdb$relation_name='"_s + literal(catalogName(table))
             + u'\'';
     }
     QStringList createGeneratorSql(const QString &name) const override
@@ -250,7 +295,7 @@ public:
     }
     QString generatorExistsSql(const QString &name) const override
     {
-        return u"select count(*) from rdb$generators where rdb$generator_name='"_s + catalogName(name) + u'\'';
+        return u"select count(*) from rdb$generators where rdb$generator_name='"_s + literal(catalogName(name)) + u'\'';
     }
     QString nextGeneratorValueSql(const QString &name) const override
     {

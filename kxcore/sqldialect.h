@@ -67,6 +67,23 @@ public:
     virtual QString nextGeneratorValueSql(const QString &name) const = 0;
     virtual QString setGeneratorSql(const QString &name, qint64 value) const = 0;
 
+    // What keeps the decimal columns of a table at their scale where the product does not: each
+    // trigger as (name, CREATE statement), and the statement that brings rows written before it
+    // to scale. Empty where the product stores Numeric(p,s) with scale s itself.
+    struct ScaledColumn
+    {
+        QString name;
+        int scale;
+    };
+    struct ScaleTriggers
+    {
+        QList<std::pair<QString, QString>> triggers;
+        QString roundExisting;
+    };
+    virtual ScaleTriggers scaleTriggers(const QString &table, const QList<ScaledColumn> &columns) const;
+    // The names of the triggers of a table that scaleTriggers made, in any version of them.
+    virtual QString scaleTriggerNamesSql(const QString &table) const { return {}; }
+
     // A name for an index or generator that fits the product's identifier limit.
     QString shortName(const QString &name) const;
 

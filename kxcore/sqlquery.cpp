@@ -51,16 +51,21 @@ double TCQueryField::AsFloat() const
     }
 }
 
-int TCQueryField::AsInteger() const
+qint64 TCQueryField::AsLargeInt() const
 {
     if (IsNull())
         return 0;
     qint64 value = 0;
     switch (m_value.typeId()) {
     case QMetaType::Double:
-    case QMetaType::Float:
-        value = std::llround(m_value.toDouble());
+    case QMetaType::Float: {
+        const double d = std::round(m_value.toDouble());
+        // 2^63 is the first double above the range; llround of it would be undefined.
+        if (!(d >= -9223372036854775808.0 && d < 9223372036854775808.0))
+            throw kx::RangeError(u"Der Wert %1 des Feldes %2 liegt außerhalb des 64-Bit-Bereichs."_s.arg(AsString(), m_name));
+        value = qint64(d);
         break;
+    }
     case QMetaType::LongLong:
     case QMetaType::Int:
     case QMetaType::UInt:
@@ -71,9 +76,15 @@ int TCQueryField::AsInteger() const
         bool ok = false;
         value = m_value.toString().trimmed().toLongLong(&ok);
         if (!ok)
-            throw kx::ConvertError(u"\"%1\" ist kein gültiger ganzzahliger Wert (Feld %2)."_s.arg(AsString(), m_name));
+            throw kx::ConvertError(u"\"%1\" ist kein gültiger ganzzahliger Wert im 64-Bit-Bereich (Feld %2)."_s.arg(AsString(), m_name));
     }
     }
+    return value;
+}
+
+int TCQueryField::AsInteger() const
+{
+    const qint64 value = AsLargeInt();
     if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
         throw kx::RangeError(u"Der Wert %1 des Feldes %2 liegt außerhalb des ganzzahligen Bereichs."_s
                                  .arg(value)

@@ -44,7 +44,10 @@ public:
     // Numbers and dates in the user's format settings; null is the empty text.
     QString AsString() const;
     double AsFloat() const;
+    // A 32-bit integer; kx::RangeError for a value outside that range.
     int AsInteger() const;
+    // The integer of a Numeric(10,0) or wider column, a generator or a count.
+    qint64 AsLargeInt() const;
     QDate AsDate() const;
 
 private:

@@ -52,12 +52,12 @@ QString sqlGetValue(const QString &sql)
     return firstValue(sql).AsString();
 }
 
-int sqlGetValueInt(const QString &sql)
+qint64 sqlGetValueInt(const QString &sql)
 {
     const TCQueryField field = firstValue(sql);
     if (field.IsNull() || field.AsString().trimmed().isEmpty())
         return 0;
-    return field.AsInteger();
+    return field.AsLargeInt();
 }
 
 QString sqlGenIdValue()
@@ -135,12 +135,12 @@ QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const 
     return u"Update "_s + table + u" set "_s + assignments.join(u',') + u' ' + where;
 }
 
-int SqlGetNextValue(const QString &table, const QString &field, int minValue)
+qint64 SqlGetNextValue(const QString &table, const QString &field, qint64 minValue)
 {
     const kx::SqlDialect &dialect = compSqlConnection->dialect();
     const QString name = kx::generatorName(dialect, table, field);
     kx::ensureGenerator(*compSqlConnection, name);
-    int value = sqlGetValueInt(dialect.nextGeneratorValueSql(name));
+    qint64 value = sqlGetValueInt(dialect.nextGeneratorValueSql(name));
     if (value < minValue) {
         SqlExec(dialect.setGeneratorSql(name, minValue));
         value = minValue;
@@ -148,7 +148,7 @@ int SqlGetNextValue(const QString &table, const QString &field, int minValue)
     return value;
 }
 
-void SqlAlterGen(const QString &table, const QString &field, int value)
+void SqlAlterGen(const QString &table, const QString &field, qint64 value)
 {
     const kx::SqlDialect &dialect = compSqlConnection->dialect();
     const QString name = kx::generatorName(dialect, table, field);
@@ -221,6 +221,16 @@ QList<std::pair<QString, QString>> changeStamp()
 QString sqlQuoted(const QString &text)
 {
     return u'\'' + sqlConvertString(text) + u'\'';
+}
+
+QString sqlWholeNumber(const QString &text, const QString &what)
+{
+    static const QRegularExpression digits(u"^-?[0-9]+$"_s);
+    bool inRange = false;
+    text.toLongLong(&inRange);
+    if (!digits.match(text).hasMatch() || !inRange)
+        throw ConvertError(u"%1 \"%2\" ist keine ganze Zahl im 64-Bit-Bereich."_s.arg(what, text));
+    return text;
 }
 
 SqlValueList &SqlValueList::set(const QString &name, const QString &sqlValue)

@@ -13,8 +13,9 @@ class TCSqlConnection;
 void SqlExec(const QString &sql);
 // The first column of the first row as text; empty when there is no row or the value is null.
 QString sqlGetValue(const QString &sql);
-// As sqlGetValue, converted to an integer; an empty result is 0.
-int sqlGetValueInt(const QString &sql);
+// As sqlGetValue, converted to a 64-bit integer (counts, generators, Numeric(10,0) columns); an
+// empty result is 0.
+qint64 sqlGetValueInt(const QString &sql);
 // A new unique row key of 32 characters.
 QString sqlGenIdValue();
 
@@ -36,9 +37,9 @@ QString SqlBuildInsertSql(const QString &table, const QStringList &pairs);
 QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const QString &where);
 
 // The next value of the generator of Table.Field, at least MinValue.
-int SqlGetNextValue(const QString &table, const QString &field, int minValue);
+qint64 SqlGetNextValue(const QString &table, const QString &field, qint64 minValue);
 // Sets the generator of Table.Field to Value; the next SqlGetNextValue returns Value + 1.
-void SqlAlterGen(const QString &table, const QString &field, int value);
+void SqlAlterGen(const QString &table, const QString &field, qint64 value);
 
 // A condition on Field that matches Value ("*" is a wildcard); empty for an empty Value.
 QString sqlConvertFormatStringToSQL(const QString &format, const QString &field, const QString &fieldType,
@@ -62,6 +63,10 @@ QList<std::pair<QString, QString>> changeStamp();
 
 // The text as a quoted SQL literal, quotes inside doubled.
 QString sqlQuoted(const QString &text);
+// A whole number placed without quotes, exactly as written ("0002" stays "0002"): an optional
+// minus and decimal digits within the 64-bit range; anything else throws kx::ConvertError naming
+// What, before a statement could take it for SQL.
+QString sqlWholeNumber(const QString &text, const QString &what);
 
 // Builds the "NAME=value" list of SqlBuildInsertSql and SqlBuildUpdateSql.
 class SqlValueList

@@ -75,6 +75,15 @@ QChar charAt(const QString &text, int position)
     return text.at(position - 1);
 }
 
+qint64 strToInt64(const QString &text)
+{
+    bool ok = false;
+    const qint64 value = text.trimmed().toLongLong(&ok, 10);
+    if (!ok)
+        throw ConvertError(u"'%1' ist kein gültiger ganzzahliger Wert im 64-Bit-Bereich."_s.arg(text));
+    return value;
+}
+
 int strToInt(const QString &text)
 {
     bool ok = false;

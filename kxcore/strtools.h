@@ -22,6 +22,8 @@ QChar charAt(const QString &text, int position);
 // The whole number of a decimal text (blanks around it and a sign allowed), in 32 bits;
 // kx::ConvertError otherwise.
 int strToInt(const QString &text);
+// As strToInt, in 64 bits: document and module numbers (Numeric(10,0) and wider).
+qint64 strToInt64(const QString &text);
 } // namespace kx
 
 namespace kx {

@@ -22,7 +22,7 @@ const TCTableDef &rightsTable()
     return table;
 }
 
-void addRight(int modulId, const QString &modulName, const QString &table, int number, const QString &caption,
+void addRight(qint64 modulId, const QString &modulName, const QString &table, int number, const QString &caption,
               bool flag)
 {
     const QString exists = u"select count(*) from SYSUSR_RECHTE where MODULID="_s + QString::number(modulId)
@@ -41,14 +41,14 @@ void addRight(int modulId, const QString &modulName, const QString &table, int n
 }
 } // namespace
 
-void usr_AddModulRecht(int modulId, const QString &modulName, bool flag)
+void usr_AddModulRecht(qint64 modulId, const QString &modulName, bool flag)
 {
     alterOrCreateTable(rightsTable(), compSqlConnection);
     // The module's own access right: no table, number 0.
     addRight(modulId, modulName, QString(), 0, modulName, flag);
 }
 
-void usr_AddRechte(int modulId, const QString &modulName, TCDataAccess *mainTable, bool flag)
+void usr_AddRechte(qint64 modulId, const QString &modulName, TCDataAccess *mainTable, bool flag)
 {
     if (!mainTable)
         return;

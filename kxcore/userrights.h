@@ -7,5 +7,5 @@ class TCDataAccess;
 // The user-rights store: the table "SYSUSR_RECHTE", one row per module access right and per
 // numbered right of a module's table. Registering the same right again changes nothing.
 // Flag: whether the right is granted to users by default.
-void usr_AddModulRecht(int modulId, const QString &modulName, bool flag);
-void usr_AddRechte(int modulId, const QString &modulName, TCDataAccess *mainTable, bool flag);
+void usr_AddModulRecht(qint64 modulId, const QString &modulName, bool flag);
+void usr_AddRechte(qint64 modulId, const QString &modulName, TCDataAccess *mainTable, bool flag);

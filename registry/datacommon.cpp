@@ -24,8 +24,8 @@ void InitModulDataLink(TCDataAccess *DataAccess)
             continue;
         // Values are pasted unescaped; names come from design-time definitions.
         SqlExec(u"Insert into SysDef_DataLink (ID,Tablename,Fieldname,LinkTablename,Linkfieldname) Values ('"_s
-                + sqlGenIdValue() + u"','"_s + field.LinkTable.toUpper() + u"','"_s + field.LinkField.toUpper()
-                + u"','"_s + tablename + u"','"_s + field.Fieldname.toUpper() + u"')"_s);
+                + sqlGenIdValue() + u"','"_s + sqlConvertString(field.LinkTable.toUpper()) + u"','"_s + sqlConvertString(field.LinkField.toUpper())
+                + u"','"_s + sqlConvertString(tablename) + u"','"_s + sqlConvertString(field.Fieldname.toUpper()) + u"')"_s);
     }
     for (int i = 0; i < DataAccess->DataAccessChilds.Count(); ++i) {
         if (TCDataAccess *child = DataAccess->DataAccessChilds.GetItem(i).DataAccess)
@@ -53,7 +53,7 @@ bool InitModulData(const QString &ModulId, const QString &Modulname, const QStri
     }
     kx::charAt(Flags, 2); // deliberate: read without effect, so a two-character text fails here
     if (kx::charAt(Flags, 3) == u'1' && ModulId != noModule) {
-        const int number = kx::strToInt(ModulId);
+        const qint64 number = kx::strToInt64(ModulId);
         usr_AddModulRecht(number, Modulname, RightsFlag);
         usr_AddRechte(number, Modulname, MainTable, RightsFlag);
     }

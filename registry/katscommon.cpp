@@ -81,8 +81,8 @@ void Kats_AddModul(const QString &ModulName, int ModulNr, const QString &MainTab
         form.DataQuery->SQL.Clear();
         form.DataQuery->SQL.Add(u"Insert Into SYSDef_Kats (Id,ModulNr,ModulName,ModulMainTable,ModulKatsTable,ModulFields) Values "_s
                                 + u"('"_s + sqlGenIdValue() + u"',"_s + QString::number(ModulNr) + u","_s + u"'"_s
-                                + ModulName + u"',"_s + u"'"_s + mainTable + u"',"_s + u"'"_s + katsTable + u"',"_s
-                                + u"'"_s + Fields + u"')"_s);
+                                + sqlConvertString(ModulName) + u"',"_s + u"'"_s + sqlConvertString(mainTable) + u"',"_s + u"'"_s + sqlConvertString(katsTable) + u"',"_s
+                                + u"'"_s + sqlConvertString(Fields) + u"')"_s);
         form.DataQuery->ExecSQL(false);
         TCDataAccess &link = *form.KatsLinkDataAccess;
         link.Connection = compSqlConnection;

@@ -31,11 +31,11 @@ const TCTableDef &sysDefModuleTable()
 const QString headByName = u"Insert Into SYSDEF_MODULE (ID,ModulId,Modulname,ModulTablename,ModulisMainTable) Values"_s;
 const QString headByDefinition = u"Insert Into SYSDEF_MODULE (Id,ModulId,Modulname,ModulTablename,ModulisMainTable) Values"_s;
 
-// Values are pasted unescaped: module numbers unquoted, names between single quotes.
+// The module number goes in unquoted, checked to be a whole number; names between single quotes.
 QString valueLine(const QString &modulId, const QString &modulname, const QString &tablename, const QString &isMain)
 {
-    return u"('"_s + sqlGenIdValue() + u"',"_s + modulId + u",'"_s + modulname + u"','"_s + tablename.toUpper()
-        + u"',"_s + isMain + u')';
+    return u"('"_s + sqlGenIdValue() + u"',"_s + kx::sqlWholeNumber(modulId, u"Die Modulnummer"_s) + u",'"_s
+        + sqlConvertString(modulname) + u"','"_s + sqlConvertString(tablename.toUpper()) + u"',"_s + isMain + u')';
 }
 
 void insertRow(TCSqlQuery &query, const QString &head, const QString &values)
@@ -118,7 +118,7 @@ QList<TModulRow> mdef_ReadModules()
         query.Open();
         QList<TModulRow> rows;
         for (; !query.Eof(); query.Next()) {
-            rows << TModulRow{ query.FieldByName(u"ID"_s).AsString(), query.FieldByName(u"MODULID"_s).AsInteger(),
+            rows << TModulRow{ query.FieldByName(u"ID"_s).AsString(), query.FieldByName(u"MODULID"_s).AsLargeInt(),
                                query.FieldByName(u"MODULNAME"_s).AsString(),
                                query.FieldByName(u"MODULTABLENAME"_s).AsString(),
                                query.FieldByName(u"MODULISMAINTABLE"_s).AsInteger() };

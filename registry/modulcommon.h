@@ -27,7 +27,7 @@ extern QPointer<TModulCommonForm> ModulCommonForm;
 struct TModulRow
 {
     QString Id;
-    int ModulId = 0;
+    qint64 ModulId = 0;
     QString Modulname;
     QString ModulTablename;
     int ModulIsMainTable = 0;

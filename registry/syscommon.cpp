@@ -105,7 +105,7 @@ void CreateTableOfficeDefinition()
         for (const QString &table : tables) {
             const QStringList fields = cDBSystem == 1 ? GetFieldnamesMSSql(table) : compSqlConnection->GetFieldNames(table);
             // Taken afresh for every table: a table that gains a column later gets a new number.
-            const int tableNo = sqlGetValueInt(u"Select max(TableNO) from OfficeTableMapping"_s) + 1;
+            const qint64 tableNo = sqlGetValueInt(u"Select max(TableNO) from OfficeTableMapping"_s) + 1;
             const QString upperTable = table.toUpper();
             for (const QString &field : fields) {
                 const QString upperField = field.toUpper();
@@ -116,8 +116,8 @@ void CreateTableOfficeDefinition()
                 lookup.Close();
                 if (mapped)
                     continue;
-                const int fieldNo = sqlGetValueInt(u"Select max(FIELDNO) from OfficeTableMapping where Tablename='"_s
-                                                   + upperTable + u'\'') + 1;
+                const qint64 fieldNo = sqlGetValueInt(u"Select max(FIELDNO) from OfficeTableMapping where Tablename='"_s
+                                                   + sqlConvertString(upperTable) + u'\'') + 1;
                 insert.ParamByName(u"ID"_s).setAsString(sqlGenIdValue());
                 insert.ParamByName(u"TABLENAME"_s).setAsString(upperTable);
                 insert.ParamByName(u"FIELDNAME"_s).setAsString(upperField);

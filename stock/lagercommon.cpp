@@ -68,7 +68,7 @@ QString TCLagerAction::ModeAsString(TCLagerModeType aMode, double aMenge)
 
 double TCLagerAction::GetMaxAvail(const QString &IdArtikel)
 {
-    return StrToFloatDef(sqlGetValue(u"Select Bestand from Artikel where id='"_s + IdArtikel
+    return StrToFloatDef(sqlGetValue(u"Select Bestand from Artikel where id='"_s + sqlConvertString(IdArtikel)
                                      + u"' and (IgnoreBestand=0 or IgnoreBestand is null)"_s),
                          noAvailableStock);
 }

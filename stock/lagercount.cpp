@@ -35,9 +35,9 @@ void TCLagerAction::CalcLagerCount(const QString &LineId, const QString &LagerId
     if (fEnableMultiStorage) {
         table = u"Artikel_Lager"_s;
         const QString K = sqlGetValue(u"Select id From Artikel Where idnummer="_s + idnummer);
-        oldCount = valueOrZero(u"Select Bestand From Artikel_Lager Where idParent='"_s + K + u"' and LagerId='"_s
-                               + LagerId + u"'"_s);
-        where = u"WHERE idParent='"_s + K + u"' and LagerId='"_s + LagerId + u"'"_s;
+        oldCount = valueOrZero(u"Select Bestand From Artikel_Lager Where idParent='"_s + sqlConvertString(K) + u"' and LagerId='"_s
+                               + sqlConvertString(LagerId) + u"'"_s);
+        where = u"WHERE idParent='"_s + sqlConvertString(K) + u"' and LagerId='"_s + sqlConvertString(LagerId) + u"'"_s;
     } else {
         table = u"Artikel"_s;
         oldCount = valueOrZero(u"Select Bestand From Artikel Where idnummer="_s + idnummer);
@@ -80,10 +80,10 @@ void TCLagerAction::CalcLagerCount(const QString &LineId, const QString &LagerId
         runModi({ u"UPDATE ARTIKEL SET BESTAND=COUNTBESTAND+COUNTLAGER"_s, where });
 
     fidBestellung = sqlGetValue(u"Select id from Bestellungen Where id in (Select distinct idparent from Bestellungen_artikel Where id='"_s
-                                + LineId + u"')"_s);
+                                + sqlConvertString(LineId) + u"')"_s);
     const double newCount = valueOrZero(u"Select Bestand From Artikel Where idnummer="_s + idnummer);
     const QString artikelId = sqlGetValue(u"SELECT ID FROM ARTIKEL WHERE IDNUMMER="_s + idnummer);
-    const double preis = valueOrZero(u"Select Netto From "_s + fTablename + u" Where id='"_s + LineId + u"'"_s);
+    const double preis = valueOrZero(u"Select Netto From "_s + fTablename + u" Where id='"_s + sqlConvertString(LineId) + u"'"_s);
 
     LogAction(fTablename, art, Q, oldCount, newCount, artikelId, preis, LineId);
 }

@@ -15,9 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A text value between quotes, its quotes doubled.
 QString quoted(const QString &text)
 {
-    return u'\'' + text + u'\'';
+    return kx::sqlQuoted(text);
 }
 
 } // namespace
@@ -95,25 +96,25 @@ void TCLagerAction::logIssueRows(kx::SqlValueList &row, const QString &ArtikelID
         T = 0;
         LogQuery->SQL.Clear();
         LogQuery->SQL.Add(u"Select * from LagerLog Where INCOUNTAVAIL>0 and idArtikel = '"_s
-                          + ArtikelID + u"' and datum<='"_s
+                          + sqlConvertString(ArtikelID) + u"' and datum<='"_s
                           + sqlConvertDate(bookingDate) + u"' order by datum,uhrzeit"_s);
         LogQuery->Open();
         found = !LogQuery->Eof();
         QString receiptId;
         double receiptPrice = 0;
-        int receiptNumber = 0;
+        qint64 receiptNumber = 0; // Numeric(10,0): ten digits do not fit 32 bits
         if (found) {
             const double V = LogQuery->FieldByName(u"INCOUNTAVAIL"_s).AsFloat();
             receiptId = LogQuery->FieldByName(u"id"_s).AsString();
             receiptPrice = LogQuery->FieldByName(u"Preis"_s).AsFloat();
-            receiptNumber = LogQuery->FieldByName(u"idbelegnummer"_s).AsInteger();
+            receiptNumber = LogQuery->FieldByName(u"idbelegnummer"_s).AsLargeInt();
             if (R < V) {
                 T = R;
-                SqlExec(u"Update Lagerlog set INCOUNTAVAIL="_s + sqlConvertFloat(V - R) + u" where id ='"_s + receiptId
+                SqlExec(u"Update Lagerlog set INCOUNTAVAIL="_s + sqlConvertFloat(V - R) + u" where id ='"_s + sqlConvertString(receiptId)
                         + u"'"_s);
             } else {
                 T = V;
-                SqlExec(u"Update Lagerlog set INCOUNTAVAIL=0 where id ='"_s + receiptId + u"'"_s);
+                SqlExec(u"Update Lagerlog set INCOUNTAVAIL=0 where id ='"_s + sqlConvertString(receiptId) + u"'"_s);
             }
         }
         LogQuery->Close();
@@ -158,7 +159,7 @@ void TCLagerAction::updateMonthBalance(const QString &ArtikelID, double oldCount
 
     LogQuery->SQL.Clear();
     LogQuery->SQL.Add(u"Select id,ANFANGSBESTAND,ANFANGSDATE from LagerLogMonth"_s);
-    LogQuery->SQL.Add(u"Where IdArtikel='"_s + ArtikelID + u"'"_s);
+    LogQuery->SQL.Add(u"Where IdArtikel='"_s + sqlConvertString(ArtikelID) + u"'"_s);
     LogQuery->SQL.Add(u"and Monat="_s + month);
     LogQuery->SQL.Add(u"and Jahr="_s + year);
     LogQuery->Open();
@@ -168,7 +169,7 @@ void TCLagerAction::updateMonthBalance(const QString &ArtikelID, double oldCount
             .set(u"ANFANGSDATE"_s, quoted(sqlConvertDate(LogQuery->FieldByName(u"ANFANGSDATE"_s).AsString())));
         const QString rowId = LogQuery->FieldByName(u"id"_s).AsString();
         LogQuery->Close();
-        SqlExec(SqlBuildUpdateSql(u"LagerLogMonth"_s, balance.pairs(), u"Where id='"_s + rowId + u"'"_s));
+        SqlExec(SqlBuildUpdateSql(u"LagerLogMonth"_s, balance.pairs(), u"Where id='"_s + sqlConvertString(rowId) + u"'"_s));
     } else {
         LogQuery->Close();
         SqlExec(SqlBuildInsertSql(u"LagerLogMonth"_s, balance.pairs()));

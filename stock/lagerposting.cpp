@@ -17,7 +17,7 @@ namespace {
 // booked (except for resets, which take every line), never article 999999 or no article.
 void addLineConditions(TCStrings &sql, const QString &linkvalue, TCLagerActionType action, const QString &bookedColumn)
 {
-    sql.Add(u"WHERE IDPARENT='"_s + linkvalue + u"'"_s);
+    sql.Add(u"WHERE IDPARENT='"_s + sqlConvertString(linkvalue) + u"'"_s);
     if (action == latAdd || action == latSub)
         sql.Add(u"AND ANZAHL<>"_s + bookedColumn);
     sql.Add(u"AND IDNUMMER<>999999"_s);
@@ -120,7 +120,7 @@ void TCLagerAction::Execute()
                 runModi({ u"UPDATE ARTIKEL_CHARGE SET"_s,
                           bookingAssignment(u"ANZAHLAUSGEGEBEN"_s, fAction, A, C, true) + u',',
                           bookingAssignment(u"ANZAHLVERFUEGBAR"_s, fAction, A, C),
-                          u"WHERE ID='"_s + chargeId + u"'"_s });
+                          u"WHERE ID='"_s + sqlConvertString(chargeId) + u"'"_s });
                 CalcLagerCountBasedOnCharge(lineId);
             }
         }
@@ -129,7 +129,7 @@ void TCLagerAction::Execute()
     DataQuery->Close();
 
     // Deliberate: resets mark their lines as booked too, although the stock went back.
-    runModi({ u"UPDATE "_s + fTablename + u" SET COUNTLAGER=ANZAHL WHERE IDPARENT='"_s + fLinkvalue + u"'"_s });
+    runModi({ u"UPDATE "_s + fTablename + u" SET COUNTLAGER=ANZAHL WHERE IDPARENT='"_s + sqlConvertString(fLinkvalue) + u"'"_s });
 }
 
 void TCLagerAction::ExecuteOrder()
@@ -152,5 +152,5 @@ void TCLagerAction::ExecuteOrder()
 
     // Over all articles, not only this document's: nothing may show a negative quantity on order.
     runModi({ u"UPDATE ARTIKEL SET COUNTBESTELLT=0 WHERE COUNTBESTELLT<0"_s });
-    runModi({ u"UPDATE "_s + fTablename + u" SET COUNTBESTELLT=ANZAHL WHERE IDPARENT='"_s + fLinkvalue + u"'"_s });
+    runModi({ u"UPDATE "_s + fTablename + u" SET COUNTBESTELLT=ANZAHL WHERE IDPARENT='"_s + sqlConvertString(fLinkvalue) + u"'"_s });
 }

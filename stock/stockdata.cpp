@@ -70,7 +70,7 @@ void stock_CreateModuleTables()
         alterOrCreateTable(table, compSqlConnection);
 }
 
-QString stock_AddArticle(int idnummer, const QString &name, double baseStock)
+QString stock_AddArticle(qint64 idnummer, const QString &name, double baseStock)
 {
     const QString id = sqlGenIdValue();
     kx::SqlValueList row;
@@ -143,7 +143,7 @@ QString stock_SetLine(const StockLine &line)
     return id;
 }
 
-QString stock_ArticleId(int idnummer)
+QString stock_ArticleId(qint64 idnummer)
 {
     return sqlGetValue(u"select ID from Artikel where IDNUMMER="_s + QString::number(idnummer));
 }
@@ -157,7 +157,7 @@ StockArticle articleRow(const TCSqlQuery &query)
 {
     StockArticle a;
     a.id = query.FieldByName(u"ID"_s).AsString();
-    a.idnummer = query.FieldByName(u"IDNUMMER"_s).AsInteger();
+    a.idnummer = query.FieldByName(u"IDNUMMER"_s).AsLargeInt();
     a.name = query.FieldByName(u"BEZEICHNUNG"_s).AsString();
     a.countLager = query.FieldByName(u"COUNTLAGER"_s).AsFloat();
     a.countBestand = query.FieldByName(u"COUNTBESTAND"_s).AsFloat();
@@ -169,7 +169,7 @@ StockArticle articleRow(const TCSqlQuery &query)
 
 } // namespace
 
-StockArticle stock_ReadArticle(int idnummer)
+StockArticle stock_ReadArticle(qint64 idnummer)
 {
     TCSqlQuery query;
     openQuery(query, articleColumns + u" where IDNUMMER="_s + QString::number(idnummer));

@@ -24,7 +24,7 @@ void stock_CreateModuleTables();
 QList<TCTableDef> stock_Tables();
 
 // Adds an article with all counts 0 except its base stock; returns its key.
-QString stock_AddArticle(int idnummer, const QString &name, double baseStock = 0);
+QString stock_AddArticle(qint64 idnummer, const QString &name, double baseStock = 0);
 // Adds a batch of an article with its available quantity; returns its key.
 QString stock_AddCharge(const QString &articleId, const QString &name, double available);
 // Adds an order head; returns its key.
@@ -35,7 +35,7 @@ struct StockLine
 {
     QString table;
     QString document;
-    int idnummer = 0;
+    qint64 idnummer = 0;
     double quantity = 0;
     std::optional<double> netto; // an edited line keeps its price when none is given
     QString chargeId;  // a batch line when set
@@ -44,17 +44,17 @@ struct StockLine
 QString stock_SetLine(const StockLine &line);
 
 // The key of the article with that number; empty when there is none.
-QString stock_ArticleId(int idnummer);
+QString stock_ArticleId(qint64 idnummer);
 
 struct StockArticle
 {
     QString id;
-    int idnummer = 0;
+    qint64 idnummer = 0;
     QString name;
     double countLager = 0, countBestand = 0, countCharge = 0, bestand = 0, countBestellt = 0;
 };
 // Throws kx::Error when the article does not exist.
-StockArticle stock_ReadArticle(int idnummer);
+StockArticle stock_ReadArticle(qint64 idnummer);
 // Every article, by number.
 QList<StockArticle> stock_ReadArticles();
 

@@ -79,12 +79,12 @@ void TfrmMandanten::Loaded()
     field->Required = true;
     Mandant->cEditStyle.SetMandatory(true);
     try {
-        field->DefaultValue = sqlGetValue(u"Select HMANDANT from User_User Where Id='"_s + User.Id + u"'"_s);
+        field->DefaultValue = sqlGetValue(u"Select HMANDANT from User_User Where Id='"_s + sqlConvertString(User.Id) + u"'"_s);
     } catch (const kx::Error &) {
     }
     try {
         if (TCFieldDef *codeField = MandantId->Field())
-            codeField->DefaultValue = sqlGetValue(u"Select HMANDANTID from User_User Where Id='"_s + User.Id + u"'"_s);
+            codeField->DefaultValue = sqlGetValue(u"Select HMANDANTID from User_User Where Id='"_s + sqlConvertString(User.Id) + u"'"_s);
     } catch (const kx::Error &) {
     }
     // Right 150 of module 0002, written with or without leading zeros, lets the user change it.

@@ -25,8 +25,7 @@ QString TMandantCommonForm::MandantenBuildSubSelect(const QString &TableName, co
     QString result;
     if (User.NoMandantRestriction)
         return result;
-    // No quoting: the tenant code is pasted as it is.
-    const QString key = sqlGetValue(u"Select id from Mandanten where MANDANTID='"_s + MandantId + u"'"_s);
+    const QString key = sqlGetValue(u"Select id from Mandanten where MANDANTID='"_s + sqlConvertString(MandantId) + u"'"_s);
     if (key.isEmpty())
         return result;
 
@@ -37,14 +36,14 @@ QString TMandantCommonForm::MandantenBuildSubSelect(const QString &TableName, co
     // From the last entry down, so that deleting keeps the remaining indexes valid.
     for (int i = int(m_list.size()) - 1; i >= 0; --i) {
         const QString &s = m_list.at(i);
-        const int count = sqlGetValueInt(
-            u"Select Count(idMandant) from User_GruppenMandantLink where idMandant='"_s + s
+        const qint64 count = sqlGetValueInt(
+            u"Select Count(idMandant) from User_GruppenMandantLink where idMandant='"_s + sqlConvertString(s)
             + u"' and  User_GruppenMandantLink.idParent in ( Select User_GruppenLink.Groupid From User_GruppenLink Where User_GruppenLink.Idparent='"_s
-            + User.Id + u"')"_s);
+            + sqlConvertString(User.Id) + u"')"_s);
         if (count == 0)
             m_list.removeAt(i);
         else
-            m_list[i] = sqlGetValue(u"Select mandantId from Mandanten where ID='"_s + s + u"'"_s);
+            m_list[i] = sqlGetValue(u"Select mandantId from Mandanten where ID='"_s + sqlConvertString(s) + u"'"_s);
     }
     // Deliberate: a user linked to none of the subtree's tenants is not restricted at all.
     const QStringList list = std::exchange(m_list, {});
@@ -54,12 +53,12 @@ QString TMandantCommonForm::MandantenBuildSubSelect(const QString &TableName, co
     const QString table = TableName.toUpper();
     QStringList lines{ u" and ( 1=2 "_s };
     for (const QString &code : list)
-        lines << u" or "_s + table + u".MandantId='"_s + code + u"' "_s;
+        lines << u" or "_s + table + u".MandantId='"_s + sqlConvertString(code) + u"' "_s;
     if (table == u"PERSONAL"_s || table == u"GERAETESTAMM"_s) {
         lines << u"or "_s + table + u".id in (Select "_s + table + u"_Mandant.IdParent from "_s + table + u"_Mandant "_s;
         lines << u"Where 1=2 "_s;
         for (const QString &code : list)
-            lines << u" or "_s + table + u"_Mandant.MandantId='"_s + code + u"' "_s;
+            lines << u" or "_s + table + u"_Mandant.MandantId='"_s + sqlConvertString(code) + u"' "_s;
         lines << u")"_s;
     }
     lines << u")"_s;
@@ -72,7 +71,7 @@ void TMandantCommonForm::BuildSub(const QString &TableName, const QString &Paren
 {
     auto query = std::make_unique<TCSqlQuery>();
     query->Connection = compSqlConnection;
-    query->SQL.Add(u"Select * from Mandanten_sub where idparent='"_s + ParentId + u"'"_s);
+    query->SQL.Add(u"Select * from Mandanten_sub where idparent='"_s + sqlConvertString(ParentId) + u"'"_s);
     query->Open();
     for (; !query->Eof(); query->Next()) {
         // Deliberate: the link row's tenant code is looked for among tenant IDs; it only stops a

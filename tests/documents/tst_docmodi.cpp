@@ -167,14 +167,13 @@ TEST_F(DocModiTest, CloningKeepsOrAddsTheChangeStamp)
     EXPECT_EQ(kxtest::rows(u"select count(*) from Fahrzeug_Dokumente where IDPARENT='FZ-2' and ID in ('d1','d2')"_s),
               QStringList{ u"0"_s }) << "new keys";
 
-    // A quote in a value breaks that one statement; the rows before it stay written.
+    // Quotes in a value are copied as the text they are, also one built to change the statement.
     kxtest::exec(u"update Fahrzeug_Dokumente set BEZEICHNUNG='Zeugnis ''A''' where ID='d2'"_s);
+    kxtest::exec(u"update Fahrzeug_Dokumente set BEZEICHNUNG='x'', (select max(ID) from Fahrzeug_Dokumente)) --' where ID='d1'"_s);
     form.LoadDocuments(u"FZ-1"_s);
-    kx::SqlTraceCapture trace;
-    EXPECT_THROW(form.CloneDocuments(u"FZ-3"_s), kx::DatabaseError);
-    ASSERT_EQ(trace.statements().size(), 2);
-    EXPECT_TRUE(trace.statements().at(1).contains(u"'Zeugnis 'A''"_s)) << trace.statements().at(1).toStdString();
-    EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG from Fahrzeug_Dokumente where IDPARENT='FZ-3'"_s), QStringList{ u"Alt"_s });
+    form.CloneDocuments(u"FZ-3"_s);
+    EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG from Fahrzeug_Dokumente where IDPARENT='FZ-3' order by BEZEICHNUNG"_s),
+              (QStringList{ u"Zeugnis 'A'"_s, u"x', (select max(ID) from Fahrzeug_Dokumente)) --"_s }));
 }
 
 TEST_F(DocModiTest, StoredDocumentSavedToAFolder)

@@ -102,8 +102,10 @@ TEST_F(DataCommonTest, FlagsDecideWhatIsDoneAndWhereItFails)
         { "two characters", u"7010"_s, u"11"_s, Fails::Range, true, true, 5, registered, 0 },
         { "empty", u"7010"_s, QString(), Fails::Range, false, false, 0, {}, 0 },
         { "no module", u"-1"_s, u"111"_s, Fails::No, true, true, 5, {}, 0 },
-        // The registry row takes the number unquoted: the database refuses it after the main table.
-        { "id no number, tables", u"70a"_s, u"111"_s, Fails::Database, false, true, 0, {}, 0 },
+        // The registry row takes the number unquoted: it is refused before its statement, after the main table.
+        { "id no number, tables", u"70a"_s, u"111"_s, Fails::Convert, false, true, 0, {}, 0 },
+        { "ten-digit id", u"3000000000"_s, u"111"_s, Fails::No, true, true, 5,
+          { u"3000000000|FAHRZEUG|1"_s, u"3000000000|FAHRZEUG_LOG|0"_s, u"3000000000|FAHRZEUG_PRUEFUNG|0"_s }, 13 },
         { "id no number, rights", u"70a"_s, u"001"_s, Fails::Convert, false, false, 0, {}, 0 },
     };
     for (const auto &c : cases) {

@@ -108,20 +108,20 @@ TEST_F(ModulCommonTest, AddChildEntersEverythingAsSubordinate)
     EXPECT_EQ(rows(u"SELECT count(*) FROM SYSDef_Module WHERE MODULID=1"_s), QStringList{ u"2"_s });
 }
 
-TEST_F(ModulCommonTest, AQuoteInTheNameFailsAndKeepsEarlierRowsAndTheHolder)
+// Names are stored as the texts they are, apostrophes included; a module number that is not a
+// whole number is refused before any statement, and the failed call's holder stays with the owner.
+TEST_F(ModulCommonTest, QuotedNamesAreStoredAndBadNumbersRefused)
 {
-    mdef_AddModul(u"0002"_s, u"Lager"_s, u"Artikel"_s, 1);
+    mdef_AddModul(u"0002"_s, u"Wehr's"_s, u"Auf'm_Kamp"_s, 1);
     const int before = holdersLeft();
-    try {
-        mdef_AddModul(u"0003"_s, u"Wehr's"_s, u"Personal"_s, 1);
-        FAIL() << "a quote inside the value must break the statement";
-    } catch (const kx::DatabaseError &e) {
-        EXPECT_FALSE(e.nativeText().isEmpty());
-    }
-    EXPECT_EQ(holdersLeft(), before + 1); // the failed call's holder stays with the owner
-    mdef_AddModul(u"0004"_s, u"Atemschutz"_s, u"Geraet"_s, 1);
-    EXPECT_EQ(holdersLeft(), before + 1); // a successful call frees its own
-    EXPECT_EQ(rows(u"SELECT MODULID FROM SYSDef_Module ORDER BY MODULID"_s), (QStringList{ u"2"_s, u"4"_s }));
+    for (const QString &number : { u"3 or 1=1"_s, u"x'"_s, u""_s, u"99999999999999999999"_s })
+        EXPECT_THROW(mdef_AddModul(number, u"Lager"_s, u"Artikel"_s, 1), kx::ConvertError) << number.toStdString();
+    EXPECT_EQ(holdersLeft(), before + 4);
+    mdef_AddModul(u"3000000000"_s, u"Atemschutz"_s, u"Geraet"_s, 1); // ten digits: Numeric(10,0)
+    EXPECT_EQ(holdersLeft(), before + 4); // a successful call frees its own
+    EXPECT_EQ(rows(u"SELECT MODULID, MODULNAME, MODULTABLENAME FROM SYSDef_Module ORDER BY MODULID"_s),
+              (QStringList{ u"2|Wehr's|AUF'M_KAMP"_s, u"3000000000|Atemschutz|GERAET"_s }));
+    EXPECT_EQ(mdef_ReadModules().last().ModulId, 3000000000LL);
     qDeleteAll(applicationOwner()->findChildren<TModulCommonForm *>(Qt::FindDirectChildrenOnly));
 }
 

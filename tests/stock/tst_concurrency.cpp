@@ -163,32 +163,45 @@ TEST_F(StockProgramsTest, KilledPostingIsBookedOnceWhenPostedAgain)
     }
 }
 
-// A statement refused in the middle of a posting (here the log row of one line) leaves nothing
-// booked; once the cause is gone, the document is booked once.
-TEST_F(StockProgramsTest, RefusedStatementInTheMiddleBooksNothing)
+// A statement refused in the middle of a line (here its log row): run statement by statement the
+// posting stops with that line's count written and the document unmarked, so posting it again
+// books the line twice; posted whole, nothing is booked, and once the cause is gone the document
+// is booked once.
+TEST_F(StockProgramsTest, RefusedStatementInTheMiddleOfALine)
 {
     if (!ready())
         return;
-    const QList<int> articles{ 31, 32, 33 };
-    for (int idnummer : articles)
-        stock_AddArticle(idnummer, u"Warnleuchte"_s);
-    const QString document = receipt(articles, 5);
-    const QString refusedLine = sqlGetValue(u"select ID from "_s + table + u" where IDNUMMER=32"_s);
-    exec(u"create unique index LagerLogLinkIDX on LagerLog (LINKID)"_s);
-    exec(u"insert into LagerLog (ID, LINKID, LLMODE, INCOUNTAVAIL) values ('BLOCK', '"_s + refusedLine + u"', 1, 0)"_s);
-    const QStringList articlesBefore = rows(u"select * from Artikel order by ID"_s);
+    for (const bool whole : { true, false }) { // the doubly booked lines come last
+        SCOPED_TRACE(whole ? "posted whole" : "statement by statement");
+        exec(u"create unique index LagerLogLinkIDX on LagerLog (LINKID)"_s);
+        const int base = whole ? 40 : 30;
+        const QList<int> articles{ base + 1, base + 2, base + 3 };
+        for (int idnummer : articles)
+            stock_AddArticle(idnummer, u"Warnleuchte"_s);
+        const QString document = receipt(articles, 5);
+        const QString refusedLine = sqlGetValue(u"select ID from "_s + table + u" where IDNUMMER="_s + QString::number(base + 2));
+        exec(u"insert into LagerLog (ID, LINKID, LLMODE, INCOUNTAVAIL) values ('BLOCK', '"_s + refusedLine + u"', 1, 0)"_s);
+        const QStringList articlesBefore = rows(u"select * from Artikel order by ID"_s);
 
-    TCLagerAction action;
-    action.fTablename = table;
-    action.fLinkvalue = document;
-    EXPECT_THROW(Lager_PostDocument(action), kx::DatabaseError);
-    EXPECT_EQ(rows(u"select * from Artikel order by ID"_s), articlesBefore);
-    EXPECT_EQ(rows(u"select count(*) from LagerLog"_s), QStringList{ u"1"_s });
-    EXPECT_EQ(rows(u"select sum(COUNTLAGER) from "_s + table), QStringList{ u"0"_s });
-
-    exec(u"delete from LagerLog where ID='BLOCK'"_s);
-    EXPECT_EQ(Lager_PostDocument(action), 3);
-    expectBookedOnce(articles, 5, 1);
+        TCLagerAction action;
+        action.fTablename = table;
+        action.fLinkvalue = document;
+        EXPECT_THROW(whole ? void(Lager_PostDocument(action)) : action.Execute(), kx::DatabaseError);
+        const QString unbooked = u"select count(*) from "_s + table + u" where IDPARENT='"_s + document + u"' and COUNTLAGER=0"_s;
+        EXPECT_EQ(rows(unbooked), QStringList{ u"3"_s });
+        if (whole) {
+            EXPECT_EQ(rows(u"select * from Artikel order by ID"_s), articlesBefore);
+        } else {
+            EXPECT_EQ(number(u"select COUNTLAGER from Artikel where IDNUMMER="_s + QString::number(base + 2)), 5);
+            EXPECT_EQ(rows(u"select count(*)"_s + ofArticle(stock_ArticleId(base + 2))), QStringList{ u"0"_s });
+        }
+        exec(u"delete from LagerLog where ID='BLOCK'"_s);
+        exec(u"drop index LagerLogLinkIDX"_s); // a line booked twice logs its line key twice
+        Lager_PostDocument(action);
+        EXPECT_EQ(number(u"select COUNTLAGER from Artikel where IDNUMMER="_s + QString::number(base + 2)), whole ? 5 : 10);
+        if (whole)
+            expectBookedOnce(articles, 5, 1);
+    }
 }
 
 } // namespace

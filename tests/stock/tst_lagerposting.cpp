@@ -258,31 +258,6 @@ TEST_F(LagerPostingTest, OrderDocumentByAction)
     EXPECT_EQ(rows(u"select count(*) from LagerLog"_s), QStringList{ u"0"_s });
 }
 
-TEST_F(LagerPostingTest, FailingStatementLeavesEarlierLinesBooked)
-{
-    if (!ready())
-        return;
-    const QString articleId = stock_AddArticle(11, u"Kübelspritze"_s);
-    stock_AddArticle(12, u"Strahlrohr"_s);
-    const QString document = sqlGenIdValue();
-    stock_SetLine({ lines, document, 11, 4 });
-    stock_SetLine({ lines, document, 12, 1, 0, u"x'y"_s }); // a batch key that breaks its statement
-    kx::SqlTraceCapture trace;
-    EXPECT_THROW(post({ latAdd, lmtIn, document, {}, lines, true }), kx::DatabaseError);
-    // The lines come in the database's order; the ordinary line was stored first and came first.
-    ASSERT_FALSE(updatesOf(trace.statements(), u"Artikel"_s).isEmpty());
-    EXPECT_EQ(counts(11), u"4|0|0|4"_s);
-    EXPECT_EQ(stock_ReadLog(articleId).size(), 1);
-    EXPECT_EQ(rows(u"select count(*) from "_s + lines + u" where COUNTLAGER=ANZAHL"_s), QStringList{ u"0"_s })
-        << "the final mark was not written";
-
-    // The booked line still counts as unbooked: a second posting books it once more.
-    exec(u"update "_s + lines + u" set HASCHARGE=0 where IDNUMMER=12"_s);
-    post({ latAdd, lmtIn, document, {}, lines, true });
-    EXPECT_EQ(counts(11), u"8|0|0|8"_s);
-    EXPECT_EQ(counts(12), u"1|0|0|1"_s);
-}
-
 TEST_F(LagerPostingTest, MissingTablesOfTheLineFailTheCall)
 {
     if (!ready())
