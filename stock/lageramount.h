@@ -4,8 +4,17 @@
 #include "sqltool.h"
 
 #include <QString>
+#include <cmath>
 
 namespace kx::stock {
+
+// An amount of the stock log (Numeric(15,2)) as the column holds it. The first-in-first-out loop
+// compares and subtracts such amounts; in binary doubles 1.1 - 0.2 is 0.9000000000000001, which
+// is more than a receipt of 0.9 and would send the loop round once more for a phantom 1e-16.
+inline double logAmount(double amount)
+{
+    return std::round(amount * 100) / 100;
+}
 
 // An amount written after a minus sign of an assignment. Deliberate: a negative amount goes in
 // parentheses, because "COUNT--3" would begin a comment and the booking would silently vanish.

@@ -3,6 +3,7 @@
 #include "lagercommon.h"
 
 #include "formatsettings.h"
+#include "lageramount.h"
 #include "globals.h"
 #include "log.h"
 #include "sqlconnection.h"
@@ -89,7 +90,7 @@ void TCLagerAction::LogAction(const QString &Text, const QString &, double Count
 
 void TCLagerAction::logIssueRows(kx::SqlValueList &row, const QString &ArtikelID, double count, double &runningStock, const QDate &bookingDate)
 {
-    double R = std::abs(count);
+    double R = kx::stock::logAmount(std::abs(count));
     bool found = false;
     double T = 0;
     do {
@@ -104,13 +105,13 @@ void TCLagerAction::logIssueRows(kx::SqlValueList &row, const QString &ArtikelID
         double receiptPrice = 0;
         qint64 receiptNumber = 0; // Numeric(10,0): ten digits do not fit 32 bits
         if (found) {
-            const double V = LogQuery->FieldByName(u"INCOUNTAVAIL"_s).AsFloat();
+            const double V = kx::stock::logAmount(LogQuery->FieldByName(u"INCOUNTAVAIL"_s).AsFloat());
             receiptId = LogQuery->FieldByName(u"id"_s).AsString();
             receiptPrice = LogQuery->FieldByName(u"Preis"_s).AsFloat();
             receiptNumber = LogQuery->FieldByName(u"idbelegnummer"_s).AsLargeInt();
             if (R < V) {
                 T = R;
-                SqlExec(u"Update Lagerlog set INCOUNTAVAIL="_s + sqlConvertFloat(V - R) + u" where id ='"_s + sqlConvertString(receiptId)
+                SqlExec(u"Update Lagerlog set INCOUNTAVAIL="_s + sqlConvertFloat(kx::stock::logAmount(V - R)) + u" where id ='"_s + sqlConvertString(receiptId)
                         + u"'"_s);
             } else {
                 T = V;
@@ -126,14 +127,14 @@ void TCLagerAction::logIssueRows(kx::SqlValueList &row, const QString &ArtikelID
             .set(u"OUT_IDBELEGNUMMERIN"_s, QString::number(receiptNumber))
             .set(u"Preis"_s, sqlConvertFloat(receiptPrice))
             .set(u"OLDCOUNTBESTAND"_s, sqlConvertFloat(runningStock))
-            .set(u"COUNTBESTAND"_s, sqlConvertFloat(runningStock - T));
-        runningStock -= T;
+            .set(u"COUNTBESTAND"_s, sqlConvertFloat(kx::stock::logAmount(runningStock - T)));
+        runningStock = kx::stock::logAmount(runningStock - T);
         // Without a receipt the row keeps the quantity it holds: the passed count on the first
         // pass, the last part taken on a later one.
         if (found) {
             row.set(u"Anzahl"_s, sqlConvertFloat(T));
             if (T != R)
-                R -= T;
+                R = kx::stock::logAmount(R - T);
         }
         SqlExec(SqlBuildInsertSql(u"LagerLog"_s, row.pairs()));
         QThread::msleep(1); // the next row's time stamp must differ

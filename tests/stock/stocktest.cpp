@@ -50,14 +50,14 @@ void postOrder(const Posting &posting)
     action.ExecuteOrder();
 }
 
-QString oneLineDocument(int idnummer, double quantity, double netto)
+QString oneLineDocument(qint64 idnummer, double quantity, double netto)
 {
     const QString document = sqlGenIdValue();
     stock_SetLine({ QString::fromUtf16(StockLineTable), document, idnummer, quantity, netto });
     return document;
 }
 
-QString counts(int idnummer)
+QString counts(qint64 idnummer)
 {
     const StockArticle a = stock_ReadArticle(idnummer);
     return QStringList{ kx::formatFloat(a.countLager), kx::formatFloat(a.countBestand),

@@ -33,8 +33,8 @@ void post(const Posting &posting);
 void postOrder(const Posting &posting);
 
 // A one-line document of that article and quantity; returns the document key.
-QString oneLineDocument(int idnummer, double quantity, double netto = 0);
+QString oneLineDocument(qint64 idnummer, double quantity, double netto = 0);
 // The article's counts as "COUNTLAGER|COUNTBESTAND|COUNTCHARGE|BESTAND" in the format settings.
-QString counts(int idnummer);
+QString counts(qint64 idnummer);
 
 } // namespace kxtest

@@ -258,6 +258,32 @@ TEST_F(LagerPostingTest, OrderDocumentByAction)
     EXPECT_EQ(rows(u"select count(*) from LagerLog"_s), QStringList{ u"0"_s });
 }
 
+// A document key is matched as the text it is: a key with an apostrophe books its own lines, and
+// one built to widen the condition (or to add a statement) books nothing of another document;
+// a receipt numbered with ten digits still lets later issues draw on it.
+TEST_F(LagerPostingTest, KeysAndNumbersAreTakenAsTheyAre)
+{
+    if (!ready())
+        return;
+    stock_AddArticle(21, u"Feuerwehrleine"_s);
+    stock_AddArticle(3000000022LL, u"Hohlstrahlrohr"_s);
+    const QString other = kxtest::oneLineDocument(21, 7);
+    const QString receiptKey = u"O'Brien-1"_s;
+    stock_SetLine({ lines, receiptKey, 3000000022LL, 5, 2 });
+    post({ latAdd, lmtIn, receiptKey, {}, {}, false, false, u"3000000000"_s });
+    for (const QString &key : { u"x' or '1'='1"_s, u"x'; update Artikel set COUNTLAGER=99 --"_s }) {
+        post({ latAdd, lmtIn, key });
+        kxtest::postOrder({ latAdd, lmtIn, key, {}, lines });
+    }
+    stock_SetLine({ lines, u"Auf'm Kamp"_s, 3000000022LL, 2 });
+    post({ latSub, lmtOut, u"Auf'm Kamp"_s });
+    EXPECT_EQ(counts(21), u"0|0|0|0"_s);
+    EXPECT_EQ(counts(3000000022LL), u"3|0|0|3"_s);
+    EXPECT_EQ(rows(u"select COUNTLAGER, COUNTBESTELLT from "_s + lines + u" where IDPARENT='"_s + other + u"'"_s),
+              QStringList{ u"0|0"_s });
+    EXPECT_EQ(rows(u"select ANZAHL, OUT_IDBELEGNUMMERIN from LagerLog where LLMODE=1"_s), QStringList{ u"2|3000000000"_s });
+}
+
 TEST_F(LagerPostingTest, MissingTablesOfTheLineFailTheCall)
 {
     if (!ready())
