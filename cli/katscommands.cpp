@@ -115,8 +115,12 @@ void registerKatsCommands()
                       katsShow });
     registerCommand({ u"kats set"_s, u"DATENSATZ MODUL [KATEGORIE...]"_s,
                       u"Speichert die angekreuzten Kategorien eines Datensatzes (ohne KATEGORIE: keine)."_s, katsSet });
-    for (const QString &command : { u"kats add"_s, u"kats tree"_s, u"kats show"_s, u"kats set"_s })
+    for (const QString &command : { u"kats tree"_s, u"kats show"_s, u"kats set"_s })
         cliRequire(command, { { u"SYSDef_Kats"_s, u"kats init"_s } });
+    // Every table the registration writes, checked before its first row.
+    cliRequire(u"kats add"_s, { { u"SYSDef_Kats"_s, u"kats init"_s }, { u"SysDef_DataLink"_s, u"sys init"_s },
+                                { u"SYSDef_Module"_s, u"init"_s } });
+    cliRequire(u"datalinks"_s, { { u"SysDef_DataLink"_s, u"sys init"_s } });
     cliDetails(u"datalinks"_s, u"  TABELLE            nur die Verweise auf diese Tabelle (Groß- und Kleinschreibung egal)\n"_s);
     cliDetails(u"kats init"_s, u"  --sample           zusätzlich Beispielkategorien eintragen\n"_s);
     cliDetails(u"kats add"_s,

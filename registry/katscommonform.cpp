@@ -57,8 +57,9 @@ void TKatsCommonForm::FormCreate()
 
 TKatsCommonForm *Kats_Init(const QString &Modul)
 {
-    // A window of its own: the application owns it as a top-level window until Kats_DeInit.
-    auto *form = new TKatsCommonForm(nullptr);
+    // Owned by the window that is active when the module asks for it (a dialog over that window,
+    // gone with it), or top-level when there is none; Kats_DeInit frees it either way.
+    auto *form = new TKatsCommonForm(QApplication::activeWindow());
     form->fTreeBuilt = false;
     form->fCheckStateLoaded = false;
     form->fModul = Modul;

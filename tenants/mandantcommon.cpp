@@ -30,7 +30,8 @@ QString TMandantCommonForm::MandantenBuildSubSelect(const QString &TableName, co
         return result;
 
     m_list = QStringList{ key };
-    m_path = QStringList{ key };
+    m_distinct = { key };
+    m_path = { { key, 1 } };
     BuildSub(TableName, key);
 
     // From the last entry down, so that deleting keeps the remaining indexes valid.
@@ -80,11 +81,15 @@ void TMandantCommonForm::BuildSub(const QString &TableName, const QString &Paren
             continue;
         const QString id = query->FieldByName(u"IDMandant"_s).AsString();
         m_list << id;
-        // A ring in the hierarchy would recurse without end: each ID is descended into at most
-        // once on one path from the current tenant.
-        if (m_path.contains(id))
+        m_distinct.insert(id);
+        // A ring in the hierarchy: descending into an ID again is followed as described, unless
+        // the list has gained no new ID since the same descent began further up. Then the guard
+        // answers every row as it did there, and the descent would repeat without end.
+        // The latest descent into the ID counts: the list only grows along the path.
+        const auto earlier = std::find_if(m_path.crbegin(), m_path.crend(), [&id](const auto &entry) { return entry.first == id; });
+        if (earlier != m_path.crend() && earlier->second == m_distinct.size())
             continue;
-        m_path << id;
+        m_path.append({ id, m_distinct.size() });
         BuildSub(TableName, id);
         m_path.removeLast();
     }

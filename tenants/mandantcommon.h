@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QSet>
 #include <QStringList>
 
 class TCSqlQuery;
@@ -27,7 +28,10 @@ public:
 
 private:
     QStringList m_list; // the tenant list of one MandantenBuildSubSelect: IDs, then codes
-    QStringList m_path; // the IDs being descended into, from the current tenant down
+    // The IDs being descended into, from the current tenant down, each with the number of
+    // different IDs the tenant list held when its descent began.
+    QList<std::pair<QString, qsizetype>> m_path;
+    QSet<QString> m_distinct; // the different IDs of the tenant list
 };
 
 extern QPointer<TMandantCommonForm> MandantCommonForm;

@@ -141,14 +141,26 @@ TEST_F(MandantCommonTest, QuotesInCodesAreMatchedAsText)
     EXPECT_EQ(kxtest::rows(u"select count(*) from Mandanten"_s), QStringList{ u"7"_s });
 }
 
-TEST_F(MandantCommonTest, ARingInTheHierarchyEnds)
+// Rings in the hierarchy. Where the link rows' guard ends the repeated descent, the fragment is
+// the one the recursion gives, repeated terms included; where the recursion would repeat without
+// end (the list gained no new tenant since the same descent), it stops there.
+TEST_F(MandantCommonTest, RingsInTheHierarchy)
 {
-    // C gets A as its sub-tenant again, under a code that the guard does not catch.
+    // G: H (linked under the code "8", H's own ID) and I; H has G below it again.
+    for (const auto &[id, code] : { std::pair{ 7, u"G"_s }, { 8, u"H"_s }, { 9, u"I"_s } }) {
+        tenants_AddMandant(id, code, u"Wehr "_s + code);
+        tenants_LinkGroup(u"G1"_s, id);
+    }
+    tenants_AddSub(7, 8, u"8"_s);
+    tenants_AddSub(8, 7, u"G-RING"_s);
+    tenants_AddSub(7, 9, u"I"_s);
+    // C gets A below it again: A, B and C are collected twice, then nothing new comes.
     tenants_AddSub(3, 1, u"A-RING"_s);
     User.Id = u"u1"_s;
-    // A is collected again below C (a repeated term) but not descended into a second time.
+    EXPECT_EQ(MandantenBuildSubSelect(u"Fahrzeug"_s, u"G"_s),
+              plainFragment(u"FAHRZEUG"_s, { u"G"_s, u"H"_s, u"G"_s, u"I"_s, u"I"_s }));
     EXPECT_EQ(MandantenBuildSubSelect(u"Fahrzeug"_s, u"A"_s),
-              plainFragment(u"FAHRZEUG"_s, { u"A"_s, u"B"_s, u"C"_s, u"A"_s, u"D"_s }));
+              plainFragment(u"FAHRZEUG"_s, { u"A"_s, u"B"_s, u"C"_s, u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"D"_s }));
 }
 
 TEST_F(MandantCommonTest, ALargeDeepTreeBuildsItsFragment)
