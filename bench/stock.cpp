@@ -1,5 +1,6 @@
 // Cost of posting one issue line with 10^5 rows already in the stock log, over the same with
-// 10^3 rows; and posting throughput in document lines per second. The log rows are spread over
+// 10^3 rows; the cost of posting a document whole (one transaction under the document's lock)
+// over posting it statement by statement; and posting throughput in document lines per second. The log rows are spread over
 // 100 articles in the shape a running store leaves: receipts used up, issues drawn on them.
 #include "benchsupport.h"
 #include "emptydatabase.h"
@@ -59,7 +60,8 @@ void addCopies(int logRows)
     kxbench::refreshStatistics({ u"LagerLog"_s });
 }
 
-void post(TCLagerActionType action, TCLagerModeType mode, const QString &document)
+// Whole: in one transaction under the document's lock; otherwise statement by statement.
+void post(TCLagerActionType action, TCLagerModeType mode, const QString &document, bool whole = false)
 {
     TCLagerAction lager;
     lager.setProperty("Tablename", lines);
@@ -67,19 +69,37 @@ void post(TCLagerActionType action, TCLagerModeType mode, const QString &documen
     lager.setProperty("Action", QVariant::fromValue(action));
     lager.setProperty("Mode", QVariant::fromValue(mode));
     lager.setProperty("Modulno", u"0002"_s);
-    lager.Execute();
+    if (whole)
+        Lager_PostDocument(lager);
+    else
+        lager.Execute();
 }
 
 // Median seconds of posting one single-line issue of the first article.
-double issueLine(int postings)
+double issueLine(int postings, bool whole = false)
 {
     std::vector<double> times;
     for (int i = 0; i < postings; ++i) {
         const QString document = sqlGenIdValue();
         stock_SetLine({ lines, document, 1, 1 });
-        times.push_back(kxbench::seconds([&] { post(latSub, lmtOut, document); }));
+        times.push_back(kxbench::seconds([&] { post(latSub, lmtOut, document, whole); }));
     }
     return kxbench::median(times);
+}
+
+// Seconds of posting documents of PerDocument issue lines, each line on another article.
+double postDocuments(int documents, int perDocument, bool whole)
+{
+    QStringList keys;
+    for (int d = 0; d < documents; ++d) {
+        keys << sqlGenIdValue();
+        for (int l = 0; l < perDocument; ++l)
+            stock_SetLine({ lines, keys.last(), 1 + (d * perDocument + l) % articles, 2 });
+    }
+    return kxbench::seconds([&] {
+        for (const QString &key : keys)
+            post(latSub, lmtOut, key, whole);
+    });
 }
 
 void runProduct(const QString &product, QTextStream &out)
@@ -108,25 +128,18 @@ void runProduct(const QString &product, QTextStream &out)
     addCopies(100000);
     issueLine(5);
     const double large = issueLine(postings);
+    const double largeWhole = issueLine(postings, true);
     const QString logRows = sqlGetValue(u"select count(*) from LagerLog"_s);
 
-    // Throughput: documents of 20 issue lines over 20 articles on the large log.
+    // Throughput: documents of 20 issue lines over 20 articles on the large log, both ways.
     const int documents = 10, perDocument = 20;
-    QStringList keys;
-    for (int d = 0; d < documents; ++d) {
-        keys << sqlGenIdValue();
-        for (int l = 0; l < perDocument; ++l)
-            stock_SetLine({ lines, keys.last(), 1 + (d * perDocument + l) % articles, 2 });
-    }
-    const double total = kxbench::seconds([&] {
-        for (const QString &key : keys)
-            post(latSub, lmtOut, key);
-    });
+    const double total = postDocuments(documents, perDocument, false);
+    const double totalWhole = postDocuments(documents, perDocument, true);
     const double linesPerSecond = documents * perDocument / total;
 
     // The postings must have booked what they were given, or the figures mean nothing.
     const StockArticle first = stock_ReadArticle(1);
-    const double expected = 1000000 - 2 * postings - 10 - 2.0 * documents * perDocument / articles;
+    const double expected = 1000000 - 3 * postings - 10 - 2 * 2.0 * documents * perDocument / articles;
     if (first.countLager != expected || first.bestand != first.countLager) {
         out << "BENCH stock " << product << " invalid: article 1 holds " << first.countLager << ", expected " << expected
             << "\n";
@@ -137,6 +150,13 @@ void runProduct(const QString &product, QTextStream &out)
         << " one posted issue line with 10^5 rows in LagerLog over 10^3 rows; median of " << postings
         << " postings: " << QString::number(large * 1e3, 'f', 2) << " ms vs " << QString::number(small * 1e3, 'f', 2)
         << " ms (log rows at the end: " << logRows << ")\n";
+    out << "BENCH stock-whole " << product << " ratio=" << QString::number(largeWhole / large, 'f', 3)
+        << " one issue line posted whole (one transaction under the document's lock) over statement by statement, "
+           "10^5 log rows: "
+        << QString::number(largeWhole * 1e3, 'f', 2) << " ms vs " << QString::number(large * 1e3, 'f', 2) << " ms\n";
+    out << "  detail: stock-whole " << product << " documents of " << perDocument << " lines: "
+        << QString::number(totalWhole / (documents * perDocument) * 1e3, 'f', 2) << " ms per line whole vs "
+        << QString::number(total / (documents * perDocument) * 1e3, 'f', 2) << " ms statement by statement\n";
     out << "  detail: stock " << product << " throughput " << QString::number(linesPerSecond, 'f', 0)
         << " document lines/s (" << documents << " issue documents of " << perDocument << " lines, "
         << QString::number(total, 'f', 2) << " s; each line writes one log row and waits 1 ms for the next time stamp)\n";
