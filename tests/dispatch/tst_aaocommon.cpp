@@ -100,6 +100,8 @@ TEST_F(AaoTest, TimeAndDateWindows)
         { u"D"_s, u"01.11.2026"_s, u"10:00:00"_s, u"November"_s }, { u"D"_s, u"30.11.2026"_s, u"10:00:00"_s, u"November"_s },
         { u"D"_s, u"31.10.2026"_s, u"10:00:00"_s, u"immer"_s },  { u"D"_s, u"01.12.2026"_s, u"10:00:00"_s, u"immer"_s },
         { u"O"_s, dayText(0), u"10:00:00"_s, u"immer"_s },       { u"P"_s, dayText(0), u"10:00:00"_s, u"bis 2020"_s },
+        // A time built to open every window is compared as the text it is.
+        { u"T"_s, dayText(2), u"17:00:00' or '1'='1"_s, u"immer"_s },
     };
     for (const auto &c : cases)
         EXPECT_EQ(nameOf(aaoGetID(u"x"_s, u"y"_s, c.kuerzel, c.date, c.time)), c.expected)

@@ -66,6 +66,9 @@ TEST_F(GSCommonTest, LegsOfAnOperation)
         { "an event without a cost row bills nothing", u"S"_s, u"ohne"_s, 0, 1, 0, 0, 0, 0, 0 },
         { "no event and no VORGABE", u"LEER"_s, u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
         { "no schedule", QString(), u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
+        // Quotes are texts: a built event is no event (VORGABE), a built schedule no schedule.
+        { "an event built to match every event", u"S"_s, u"X') or ('1'='1"_s, 0, 1, 0, 0, 6, 0, 0 },
+        { "a schedule built to match every schedule", u"X' or '1'='1"_s, u"BRAND"_s, 0, 1, 0, 0, 0, 0, 0 },
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
