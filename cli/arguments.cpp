@@ -1,6 +1,7 @@
 #include "command.h"
 
 #include <cmath>
+#include <limits>
 
 #include "formatsettings.h"
 #include "kxerror.h"
@@ -74,22 +75,29 @@ double cliNumber(const QString &text, const QString &what)
     }
 }
 
-int cliWholeNumber(const QString &text, const QString &what)
+namespace {
+
+// A whole number that fits Int; otherwise a usage error naming What and the range.
+template<class Int>
+Int wholeNumber(const QString &text, const QString &what)
 {
     bool ok = false;
-    const int value = text.toInt(&ok);
-    if (!ok)
-        throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 32-Bit-Bereich."_s.arg(what, text) };
-    return value;
+    const qint64 value = text.toLongLong(&ok);
+    if (!ok || value < std::numeric_limits<Int>::min() || value > std::numeric_limits<Int>::max())
+        throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im %3-Bit-Bereich."_s.arg(what, text).arg(sizeof(Int) * 8) };
+    return Int(value);
+}
+
+} // namespace
+
+int cliWholeNumber(const QString &text, const QString &what)
+{
+    return wholeNumber<int>(text, what);
 }
 
 qint64 cliLargeNumber(const QString &text, const QString &what)
 {
-    bool ok = false;
-    const qint64 value = text.toLongLong(&ok);
-    if (!ok)
-        throw CliUsageError{ u"%1 \"%2\" ist keine ganze Zahl im 64-Bit-Bereich."_s.arg(what, text) };
-    return value;
+    return wholeNumber<qint64>(text, what);
 }
 
 QString cliAmount(double value)

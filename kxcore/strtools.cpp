@@ -79,18 +79,14 @@ qint64 strToInt64(const QString &text)
 {
     bool ok = false;
     const qint64 value = text.trimmed().toLongLong(&ok, 10);
-    if (!ok)
-        throw ConvertError(u"'%1' ist kein gültiger ganzzahliger Wert im 64-Bit-Bereich."_s.arg(text));
-    return value;
+    return ok ? value : throw ConvertError(u"'%1' ist kein gültiger ganzzahliger Wert im 64-Bit-Bereich."_s.arg(text));
 }
 
 int strToInt(const QString &text)
 {
     bool ok = false;
     const int value = text.trimmed().toInt(&ok, 10);
-    if (!ok)
-        throw ConvertError(u"'%1' ist kein gültiger Integerwert."_s.arg(text));
-    return value;
+    return ok ? value : throw ConvertError(u"'%1' ist kein gültiger Integerwert."_s.arg(text));
 }
 
 } // namespace kx
