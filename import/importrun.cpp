@@ -149,12 +149,11 @@ void TImportRun::Execute()
 
 void TImportRun::importLines(const QString &keyField, int keyColumn, const QStringList &assignedTables)
 {
-    // Counted (and its encoding found) in one pass, then read line by line: the file is never
-    // held whole.
+    // Counted in one pass, then read line by line: the file is never held whole.
     const kx::TextLineReader::Facts facts = kx::TextLineReader::scan(FileName);
     call(Progress.SetMaximum, facts.lines + 1);
     call(Progress.SetPosition, qint64(0));
-    kx::TextLineReader reader(FileName, facts.encoding);
+    kx::TextLineReader reader(FileName);
     m_lineNumber = 0;
     while (reader.readLine(m_line)) {
         ++m_lineNumber;

@@ -3,8 +3,8 @@
 #include "kxerror.h"
 
 #include <QFileInfo>
-#include <QStringDecoder>
 
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -19,18 +19,7 @@ constexpr char16_t windows1252High[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-const QByteArray byteOrderMark("\xEF\xBB\xBF");
-
-// The line's bytes without line end and NUL bytes.
-QByteArray trimmedLine(QByteArray bytes)
-{
-    if (bytes.endsWith('\n'))
-        bytes.chop(1);
-    if (bytes.endsWith('\r'))
-        bytes.chop(1);
-    bytes.replace('\0', QByteArray());
-    return bytes;
-}
+constexpr qint64 chunkSize = 1 << 16;
 
 bool isUtf8(const QByteArray &bytes)
 {
@@ -38,6 +27,45 @@ bool isUtf8(const QByteArray &bytes)
     const QString text = decoder.decode(bytes); // the view converts only when read
     Q_UNUSED(text);
     return !decoder.hasError();
+}
+
+// Takes the next line out of Buffer from Position on, without its line end (CRLF, LF or CR);
+// Searched keeps how far the search got, so a long line is searched once. Without a line end the
+// rest is a line only at the end of the file. A CR that ends the buffer waits for more: an LF may
+// follow.
+template<class Buffer>
+bool takeLine(const Buffer &buffer, qsizetype &position, qsizetype &searched, bool atEnd, Buffer &line)
+{
+    for (qsizetype i = std::max(position, searched); i < buffer.size(); ++i) {
+        const auto c = buffer.at(i);
+        if (c != u'\n' && c != u'\r')
+            continue;
+        if (c == u'\r' && i + 1 == buffer.size() && !atEnd) {
+            searched = i;
+            return false;
+        }
+        line = buffer.mid(position, i - position);
+        position = i + (c == u'\r' && i + 1 < buffer.size() && buffer.at(i + 1) == u'\n' ? 2 : 1);
+        searched = position;
+        return true;
+    }
+    searched = buffer.size();
+    if (!atEnd || position >= buffer.size())
+        return false;
+    line = buffer.mid(position);
+    position = searched = buffer.size();
+    return true;
+}
+
+// Drops what was taken from the front of Buffer once it is the larger part.
+template<class Buffer>
+void compact(Buffer &buffer, qsizetype &position, qsizetype &searched)
+{
+    if (position > 0 && position * 2 >= buffer.size()) {
+        buffer.remove(0, position);
+        searched -= position;
+        position = 0;
+    }
 }
 
 } // namespace
@@ -54,51 +82,74 @@ QString fromWindows1252(const QByteArray &bytes)
 }
 
 TextLineReader::TextLineReader(const QString &fileName)
-    : TextLineReader(fileName, scan(fileName).encoding)
-{
-}
-
-TextLineReader::TextLineReader(const QString &fileName, Encoding encoding)
-    : m_encoding(encoding)
-{
-    open(fileName);
-}
-
-void TextLineReader::open(const QString &fileName)
 {
     if (QFileInfo(fileName).isDir())
         throw Error(u"\"%1\" ist ein Ordner, keine Datei."_s.arg(fileName));
     m_file.setFileName(fileName);
     if (!m_file.open(QIODevice::ReadOnly))
         throw Error(u"Die Datei \"%1\" kann nicht gelesen werden: %2"_s.arg(fileName, m_file.errorString()));
+    const QByteArray start = m_file.peek(3);
+    if (start.startsWith("\xEF\xBB\xBF")) {
+        m_file.skip(3);
+    } else if (start.startsWith("\xFF\xFE") || start.startsWith("\xFE\xFF")) {
+        m_form = Form::Utf16;
+        m_decoder.emplace(start.startsWith("\xFF\xFE") ? QStringConverter::Utf16LE : QStringConverter::Utf16BE);
+        m_file.skip(2);
+    }
+}
+
+bool TextLineReader::fill()
+{
+    const QByteArray chunk = m_file.read(chunkSize);
+    if (chunk.isEmpty()) {
+        m_atEnd = true; // deliberate: an odd last byte of a UTF-16 file is no character and is dropped
+        return false;
+    }
+    if (m_form == Form::Utf16)
+        m_text += m_decoder->decode(chunk);
+    else
+        m_bytes += chunk;
+    return true;
+}
+
+bool TextLineReader::next()
+{
+    for (;;) {
+        const bool taken = m_form == Form::Utf16 ? takeLine(m_text, m_position, m_searched, m_atEnd, m_lineText)
+                                                 : takeLine(m_bytes, m_position, m_searched, m_atEnd, m_lineBytes);
+        if (taken) {
+            if (m_form == Form::Utf16)
+                compact(m_text, m_position, m_searched);
+            else
+                compact(m_bytes, m_position, m_searched);
+            return true;
+        }
+        if (m_atEnd)
+            return false;
+        fill();
+    }
 }
 
 bool TextLineReader::readLine(QString &line)
 {
-    if (m_file.atEnd())
+    if (!next())
         return false;
-    QByteArray bytes = trimmedLine(m_file.readLine());
-    if (m_atStart) {
-        m_atStart = false;
-        if (bytes.startsWith(byteOrderMark))
-            bytes.remove(0, byteOrderMark.size());
+    if (m_form == Form::Utf16) {
+        line = m_lineText;
+        line.remove(QChar(u'\0'));
+    } else {
+        m_lineBytes.replace('\0', QByteArray());
+        line = isUtf8(m_lineBytes) ? QString::fromUtf8(m_lineBytes) : fromWindows1252(m_lineBytes);
     }
-    line = m_encoding == Encoding::Utf8 ? QString::fromUtf8(bytes) : fromWindows1252(bytes);
     return true;
 }
 
 TextLineReader::Facts TextLineReader::scan(const QString &fileName)
 {
-    TextLineReader reader(fileName, Encoding::Utf8);
+    TextLineReader reader(fileName);
     Facts facts;
-    // A line ends at a LF byte, which never occurs inside a UTF-8 sequence, so each line can be
-    // checked on its own.
-    while (!reader.m_file.atEnd()) {
-        const QByteArray line = reader.m_file.readLine();
+    while (reader.next())
         ++facts.lines;
-        if (facts.encoding == Encoding::Utf8 && !isUtf8(line))
-            facts.encoding = Encoding::Windows1252;
-    }
     return facts;
 }
 

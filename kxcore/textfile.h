@@ -2,43 +2,50 @@
 
 #include <QFile>
 #include <QString>
+#include <QStringDecoder>
+#include <optional>
 
 namespace kx {
 
-// Reads a text file line by line, as files exported on Windows come: UTF-8 (with or without a
-// byte-order mark) when the whole file is valid UTF-8, else Windows-1252; lines end in CRLF or
-// LF. NUL characters are dropped, since no database here stores them alike. Only one line is
-// held at a time, so memory does not grow with the file.
+// Reads a text file line by line, as files from other programs come. A byte-order mark says
+// UTF-8, UTF-16 LE or UTF-16 BE; without one the file is bytes, and each line is read as UTF-8
+// when it is valid UTF-8 and as Windows-1252 otherwise, so one line saved in another encoding
+// among UTF-8 lines is read right. Lines end in CRLF, LF or CR alone. NUL characters are dropped,
+// since no database here stores them alike. Only a line and a piece of the file are held at a
+// time, so memory does not grow with the file.
 class TextLineReader
 {
 public:
-    enum class Encoding { Utf8, Windows1252 };
-
     // Opens the file; throws kx::Error with a German message when it cannot be read (missing,
-    // a folder, no permission). Without an encoding the file is scanned once to choose it.
+    // a folder, no permission).
     explicit TextLineReader(const QString &fileName);
-    TextLineReader(const QString &fileName, Encoding encoding);
 
     // The next line without its line end; false at the end of the file.
     bool readLine(QString &line);
 
-    Encoding encoding() const { return m_encoding; }
-
-    // What one pass over the file tells: the number of lines as readLine counts them, and
-    // whether the whole file is valid UTF-8 (a byte-order mark allowed). Throws like the reader.
+    // What one pass over the file tells: the number of lines as readLine counts them.
     struct Facts
     {
         qint64 lines = 0;
-        Encoding encoding = Encoding::Utf8;
     };
     static Facts scan(const QString &fileName);
 
 private:
-    void open(const QString &fileName);
+    enum class Form { Bytes, Utf16 };
+    // Moves to the next line; false at the end of the file.
+    bool next();
+    bool fill();
 
     QFile m_file;
-    Encoding m_encoding = Encoding::Utf8;
-    bool m_atStart = true;
+    Form m_form = Form::Bytes;
+    std::optional<QStringDecoder> m_decoder; // the UTF-16 forms
+    QByteArray m_bytes;                      // read and not yet taken (bytes form)
+    QString m_text;                          // decoded and not yet taken (UTF-16 forms)
+    qsizetype m_position = 0;                // where the next line begins in the buffer
+    qsizetype m_searched = 0;                // how far the buffer was searched for a line end
+    bool m_atEnd = false;                    // the file is read to its end
+    QByteArray m_lineBytes;                  // the current line (bytes form)
+    QString m_lineText;                      // the current line (UTF-16 forms)
 };
 
 // The text of bytes in Windows-1252 (0x80-0x9F are the code page's letters and signs, not
