@@ -57,6 +57,12 @@ struct TImportDefinition
 void importWriteDefinition(const QString &fileName, const QList<TImportField> &fields, const QString &dataFile,
                            const QString &key1, const QString &key2);
 TImportDefinition importReadDefinition(const QString &fileName);
+// What a definition names that the field list or the file does not have, as German sentences: a
+// caption of no field, a column that is no number, a key field (_Key1_) of no caption, a key
+// column (_Key2_) not among the first line's FileColumns columns (-1: the file is not known). A run with such a definition would add rows where it should update them, so it is
+// refused before anything is written. Empty when the definition fits.
+QStringList importDefinitionProblems(const QList<TImportField> &fields, const TImportDefinition &definition,
+                                     qsizetype fileColumns);
 // Pairs each field with the column stored under its caption (none when there is none).
 void importApplyDefinition(QList<TImportField> &fields, const TImportDefinition &definition);
 

@@ -163,10 +163,15 @@ void TImportCommonForm::FormCreate()
 void TImportCommonForm::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    // Deliberate: listed once; a host that fills the form before showing it (a definition
-    // loaded, keys chosen) keeps what it filled.
-    if (!event->spontaneous() && !m_listed)
+    if (event->spontaneous())
+        return;
+    // Deliberate: the fields are listed once; a host that fills the form before showing it (a
+    // definition loaded, keys chosen) keeps what it filled. The tables, which closing the form
+    // empties, are listed again at every showing, or the next run would import nothing.
+    if (!m_listed)
         FormShow();
+    else if (TableList.isEmpty() && sourceDataAccess)
+        TableList = importSetup(sourceDataAccess, Tag).TableList;
 }
 
 void TImportCommonForm::closeEvent(QCloseEvent *event)
@@ -285,14 +290,22 @@ void TImportCommonForm::DoOpenExecute()
 {
     if (!OpenDialog2->Execute())
         return;
-    LoadDefinition(OpenDialog2->FileName);
-    MsgDlg(u"Definition wurde geladen."_s, TMsgDlgType::mtInformation, mbOK);
+    if (LoadDefinition(OpenDialog2->FileName))
+        MsgDlg(u"Definition wurde geladen."_s, TMsgDlgType::mtInformation, mbOK);
 }
 
-void TImportCommonForm::LoadDefinition(const QString &fileName)
+bool TImportCommonForm::LoadDefinition(const QString &fileName)
 {
-    // Read before anything changes: a file that cannot be read leaves the pairing as it was.
+    // Read and checked before anything changes: a file that cannot be read, or one that names
+    // fields or columns that are not there, leaves the pairing as it was.
     const TImportDefinition definition = importReadDefinition(fileName);
+    const QString dataFile = definition.value(u"_File_"_s);
+    const QStringList problems =
+        importDefinitionProblems(fields(), definition, importFileExists(dataFile) ? importFileColumns(dataFile).size() : -1);
+    if (!problems.isEmpty()) {
+        MsgDlg(u"Die Definition wurde nicht geladen:\r\n"_s + problems.join(u"\r\n"_s), TMsgDlgType::mtWarning, mbOK);
+        return false;
+    }
     DoNewExecute();
     for (int i = 0; i < DatabaseColumnDefinitionList->topLevelItemCount(); ++i) {
         QTreeWidgetItem *row = DatabaseColumnDefinitionList->topLevelItem(i);
@@ -303,6 +316,7 @@ void TImportCommonForm::LoadDefinition(const QString &fileName)
         LoadColumnsFromFile(OpenDialog1->FileName);
     DatabasePrimaryKeyEdit->setCurrentText(definition.value(u"_Key1_"_s));
     ImportPrimaryKeyEdit->setCurrentText(definition.value(u"_Key2_"_s));
+    return true;
 }
 
 void TImportCommonForm::StartImportButtonClick()

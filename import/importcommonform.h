@@ -69,8 +69,10 @@ public:
     void DoNewExecute();
     void DoSaveExecute();
     void DoOpenExecute();
-    // What DoOpen does with the chosen file: pairs, data file and keys from the definition.
-    void LoadDefinition(const QString &fileName);
+    // What DoOpen does with the chosen file: pairs, data file and keys from the definition. A
+    // definition that names fields or columns that are not there is refused with a message and
+    // changes nothing; false then.
+    bool LoadDefinition(const QString &fileName);
     void StartImportButtonClick();
 
     // The list's rows as the run reads them.

@@ -1,6 +1,8 @@
 // The import's field list, the file's columns and the ".iDef" definition file.
 #include "importcommon.h"
 
+#include <algorithm>
+
 #include "dataaccess.h"
 #include "kxerror.h"
 #include "textfile.h"
@@ -136,6 +138,40 @@ TImportDefinition importReadDefinition(const QString &fileName)
             definition.Values.append({ line.left(equals), line.mid(equals + 1) });
     }
     return definition;
+}
+
+QStringList importDefinitionProblems(const QList<TImportField> &fields, const TImportDefinition &definition,
+                                     qsizetype fileColumns)
+{
+    const auto isCaption = [&fields](const QString &name) {
+        return std::any_of(fields.cbegin(), fields.cend(),
+                           [&name](const TImportField &f) { return f.Caption.compare(name, Qt::CaseInsensitive) == 0; });
+    };
+    QStringList problems;
+    for (const auto &[name, value] : definition.Values) {
+        if (value.isEmpty() || name.compare(u"_File_"_s, Qt::CaseInsensitive) == 0)
+            continue;
+        if (name.compare(u"_Key1_"_s, Qt::CaseInsensitive) == 0) {
+            if (!isCaption(value))
+                problems << u"Das Schlüsselfeld \"%1\" (_Key1_) gibt es in der Feldliste nicht."_s.arg(value);
+        } else if (name.compare(u"_Key2_"_s, Qt::CaseInsensitive) == 0) {
+            bool known = false;
+            for (qsizetype n = 1; n <= fileColumns && !known; ++n)
+                known = value == importColumnKey(n);
+            if (!known && fileColumns >= 0)
+                problems << u"Die Schlüsselspalte \"%1\" (_Key2_) gibt es in der Datei nicht (%2 Spalten)."_s.arg(value)
+                                .arg(fileColumns);
+        } else if (!isCaption(name)) {
+            problems << u"Das Feld \"%1\" der Importdefinition gibt es in der Feldliste nicht."_s.arg(name);
+        } else {
+            // Deliberate: a column beyond the first line's is allowed; a line without it gives
+            // no value, as for any short line.
+            bool number = false;
+            if (value.toInt(&number) < 1 || !number)
+                problems << u"\"%1\" ist der Spalte \"%2\" zugeordnet, die keine Spaltennummer ist."_s.arg(name, value);
+        }
+    }
+    return problems;
 }
 
 void importApplyDefinition(QList<TImportField> &fields, const TImportDefinition &definition)

@@ -1,5 +1,8 @@
 // The import run: every line of the file into one main row and the child rows, one UPDATE per
 // value, so that a value the database refuses is reported and the rest of the line still lands.
+// Each line is one transaction: a run that ends or is killed leaves whole lines only. The
+// guarded statements run under a savepoint, so a refused one is undone alone (on PostgreSQL a
+// failed statement would otherwise end the line's transaction).
 #include "importcommon.h"
 
 #include "dataaccess.h"
@@ -12,6 +15,7 @@
 #include "strtools.h"
 #include "textfile.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -108,6 +112,8 @@ void TImportRun::Execute()
         return;
     m_summary.Started = true;
     call(Progress.BusyCursor);
+    // The cursor comes back on every way out, an error that ends the run included.
+    auto restoreCursor = qScopeGuard([this] { call(Progress.DefaultCursor); });
     call(Progress.ProcessMessages);
 
     QStringList assignedTables;
@@ -141,6 +147,7 @@ void TImportRun::Execute()
         runUnitPass();
 
     call(Progress.SetPosition, qint64(0));
+    restoreCursor.dismiss();
     call(Progress.DefaultCursor);
     call(Progress.ProcessMessages);
     MsgDlg(u"Daten wurden importiert."_s, TMsgDlgType::mtInformation, mbOK);
@@ -161,6 +168,7 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
         call(Progress.Step);
         call(Progress.ProcessMessages);
         m_line += u';';
+        kx::SqlTransaction line;
         for (qsizetype t = 0; t < TableList.size(); ++t) {
             const QString &table = TableList[t].first;
             if (t == 0) {
@@ -170,6 +178,7 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
                 UpdateImportRecord(table, u"-99"_s);
             }
         }
+        line.commit();
     }
 }
 
@@ -181,6 +190,7 @@ QString TImportRun::mainRowId(const QString &table, const QString &keyField, int
         return id;
     }
     try {
+        kx::SqlTransaction guard(kx::SqlTransaction::Outside::Nothing);
         TCSqlQuery lookup;
         lookup.Connection = compSqlConnection;
         lookup.SQL.Add(u"Select id from "_s + table);
@@ -191,6 +201,7 @@ QString TImportRun::mainRowId(const QString &table, const QString &keyField, int
             return lookup.Fields(0).AsString();
         }
         InsertImportRecord(table, u"ID"_s, QString(), id, QString());
+        guard.commit();
     } catch (const kx::Error &) {
         // Deliberate: a look-up the database refuses (a quote in the key value) or a failed
         // insert is swallowed; one more insert follows outside the guard.
@@ -232,6 +243,24 @@ void TImportRun::InsertImportRecord(const QString &table, const QString &idField
     ++m_summary.RowsInserted;
 }
 
+namespace {
+
+// The declared length of a text field. A type without one ends the run, as it must not guess
+// a length; the message names the field, so that the user knows which pairing to remove.
+int fieldLength(const TImportField &field, qint64 lineNumber)
+{
+    try {
+        return GetFieldLength(field.SubItems[TImportField::DataType]);
+    } catch (const kx::ConvertError &) {
+        throw kx::ConvertError(u"Das Feld \"%1\" (Typ %2) hat keine Länge, auf die ein Text gekürzt werden kann; der "
+                               u"Import endet hier, die Zeile %3 wurde nicht geschrieben."_s
+                                   .arg(field.Caption, field.SubItems[TImportField::DataType])
+                                   .arg(lineNumber));
+    }
+}
+
+} // namespace
+
 void TImportRun::UpdateImportRecord(const QString &table, QString id)
 {
     for (const TImportField &field : std::as_const(Fields)) {
@@ -265,7 +294,7 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
         } else {
             // Cut to the declared length before the quotes are doubled, so that the cut never
             // splits a doubled quote and ends the literal early.
-            lines << name + u"='"_s + sqlConvertString(value.left(GetFieldLength(s[TImportField::DataType]))) + u'\'';
+            lines << name + u"='"_s + sqlConvertString(value.left(fieldLength(field, m_lineNumber))) + u'\'';
         }
         if (id == u"-99"_s) {
             // The first written value of a child table makes the child row of this line.
@@ -277,7 +306,9 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
         update.Connection = compSqlConnection;
         update.SQL.Assign(lines);
         try {
+            kx::SqlTransaction guard(kx::SqlTransaction::Outside::Nothing);
             update.ExecSQL();
+            guard.commit();
         } catch (const kx::Error &error) {
             reportColumnError(field, update.SQL.Text(), error.message());
         }
@@ -339,6 +370,10 @@ QString importColumnKey(qsizetype n)
 TImportRun importRunFor(TCDataAccess *source, int tag, const TImportDefinition &definition, const QString &fileName)
 {
     const TImportSetup setup = importSetup(source, tag);
+    const qsizetype fileColumns = importFileExists(fileName) ? importFileColumns(fileName).size() : -1;
+    if (const QStringList problems = importDefinitionProblems(setup.Fields, definition, fileColumns); !problems.isEmpty())
+        throw kx::Error(u"Die Importdefinition passt nicht zu %1 und der Datei; es wurde nichts importiert.\n"_s.arg(source->Tablename)
+                        + problems.join(u'\n'));
     TImportRun run;
     run.Fields = setup.Fields;
     importApplyDefinition(run.Fields, definition);
@@ -348,10 +383,7 @@ TImportRun importRunFor(TCDataAccess *source, int tag, const TImportDefinition &
     run.Tag = tag;
     run.DatabaseKey = definition.value(u"_Key1_"_s);
     run.ImportKey = definition.value(u"_Key2_"_s);
-    if (importFileExists(fileName)) {
-        const qsizetype columns = importFileColumns(fileName).size();
-        for (qsizetype n = 1; n <= columns; ++n)
-            run.ImportKeyItems << importColumnKey(n);
-    }
+    for (qsizetype n = 1; n <= fileColumns; ++n)
+        run.ImportKeyItems << importColumnKey(n);
     return run;
 }

@@ -137,6 +137,18 @@ TEST_F(ImportFormTest, DefinitionSavedLoadedAndRun)
     EXPECT_EQ(assigned(), (QStringList{ u"1"_s, u"2"_s }));
     EXPECT_EQ(form->ImportPrimaryKeyEdit->currentText(), u"Spalte 1"_s);
 
+    // A definition naming a field the table does not have is refused and changes nothing.
+    const QString wrong = kxtest::writeFile(m_scratch.filePath(u"falsch.iDef"_s), "Strasse.IMP_FORM=1\r\n");
+    {
+        ScriptedMessages user({ { u"Die Definition wurde nicht geladen:\r\nDas Feld \"Strasse.IMP_FORM\" *"_s } });
+        chooseFile(form->OpenDialog2, wrong);
+        form->DoOpen->trigger();
+    }
+    EXPECT_EQ(assigned(), (QStringList{ u"1"_s, u"2"_s }));
+
+    // Closed and shown again, the form still knows its tables.
+    form->close();
+    form->show();
     {
         ScriptedMessages user({ { u"Daten wirklich importieren?"_s, mrYes },
                                 { u"Wollen Sie die bisherigen Daten leeren?"_s, mrNo },
@@ -148,6 +160,18 @@ TEST_F(ImportFormTest, DefinitionSavedLoadedAndRun)
               (QStringList{ u"64283|Darmstadt"_s, u"64285|Darmstadt-Bessungen"_s }));
     EXPECT_EQ(form->ProgressBar->value(), 0);
     EXPECT_EQ(form->lastSummary().LinesRead, 2);
+
+    // A run that ends with an error gives the cursor back as well.
+    kxtest::exec(u"drop table IMP_FORM"_s);
+    {
+        ScriptedMessages user({ { u"Daten wirklich importieren?"_s, mrYes },
+                                { u"Wollen Sie die bisherigen Daten leeren?"_s, mrNo },
+                                { u"Sind Sie sich wirklich sicher?"_s, mrYes },
+                                { u"*"_s } });
+        QTest::mouseClick(form->StartImportButton, Qt::LeftButton);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    table->AlterOrCreateTable();
 
     // The data file gone: the pairing still loads, with a warning.
     QFile::remove(data);

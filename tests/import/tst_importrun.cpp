@@ -258,16 +258,49 @@ TEST_F(ImportRunTest, AValueThatFailsIsReportedAndTheLineGoesOn)
     EXPECT_EQ(text.count(u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: "_s), 1) << text.toStdString();
 }
 
-TEST_F(ImportRunTest, ATypeWithoutLengthEndsTheRunAndKeepsWhatWasWritten)
+// Each line is written whole or not at all: an error that ends the run keeps the lines before
+// it and undoes its own line; the message names the field.
+TEST_F(ImportRunTest, AnErrorThatEndsTheRunKeepsWholeLinesOnly)
 {
-    const QString file = writeFile("N1;Notiz\nN2;Notiz\n");
+    const QString file = writeFile("N1;\nN2;Notiz\nN3;\n");
     TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"NOTIZ.IMP_MAIN"_s, u"2"_s } });
     {
         ScriptedMessages user(questions(mrNo, {}));
-        EXPECT_THROW(r.Execute(), kx::ConvertError);
+        try {
+            r.Execute();
+            ADD_FAILURE() << "a text field without a length ends the run";
+        } catch (const kx::ConvertError &e) {
+            EXPECT_TRUE(e.message().contains(u"\"NOTIZ.IMP_MAIN\""_s)) << e.what();
+        }
     }
     EXPECT_EQ(rows(u"select NR from IMP_MAIN"_s), QStringList{ u"N1"_s });
     EXPECT_FALSE(r.summary().Finished);
+}
+
+// A definition that names what the table or the file does not have would add rows where it
+// should update them: it is refused before anything is written, naming what it names.
+TEST_F(ImportRunTest, DefinitionsThatDoNotFitAreRefused)
+{
+    const QString file = writeFile("N1;Name\n");
+    const struct
+    {
+        QList<std::pair<QString, QString>> pairs;
+        QString key1, key2, named;
+    } cases[] = {
+        { { { u"NUMMER.IMP_MAIN"_s, u"1"_s } }, {}, {}, u"\"NUMMER.IMP_MAIN\""_s },
+        { { { u"NR.IMP_MAIN"_s, u"erste"_s } }, {}, {}, u"\"erste\""_s },
+        { { { u"NR.IMP_MAIN"_s, u"1"_s } }, u"NUMMER.IMP_MAIN"_s, u"Spalte 1"_s, u"\"NUMMER.IMP_MAIN\" (_Key1_)"_s },
+        { { { u"NR.IMP_MAIN"_s, u"1"_s } }, u"NR.IMP_MAIN"_s, u"Spalte 3"_s, u"\"Spalte 3\" (_Key2_)"_s },
+    };
+    for (const auto &c : cases) {
+        try {
+            run(file, c.pairs, c.key1, c.key2);
+            ADD_FAILURE() << c.named.toStdString();
+        } catch (const kx::Error &e) {
+            EXPECT_TRUE(e.message().contains(c.named)) << e.what();
+        }
+    }
+    EXPECT_EQ(rows(u"select count(*) from IMP_MAIN"_s), QStringList{ u"0"_s });
 }
 
 TEST_F(ImportRunTest, EventsSeeEveryInsertAndEveryWrittenRow)
