@@ -2,10 +2,14 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 // A local INI file (such as the one named by cDatabaseIni) with INI semantics: sections and
 // keys compare without regard to case, values are trimmed, comments and order survive writes.
-// Every write goes to the file at once.
+// Every write goes to the file at once. The file keeps what other programs gave it: its
+// encoding (UTF-8 with or without mark, UTF-16 with mark, or Windows-1252 bytes, read line by
+// line as the text reader does), its line ends and whether it ends in one; a line the write does
+// not change goes back byte for byte.
 class TCIniFile
 {
 public:
@@ -32,7 +36,14 @@ private:
     qsizetype findKey(qsizetype sectionLine, const QString &key) const;
     qsizetype sectionEnd(qsizetype sectionLine) const;
     void save() const;
+    void setLine(qsizetype index, const QString &line);
+    void insertLine(qsizetype index, const QString &line);
 
     QString m_fileName;
     QStringList m_lines;
+    // Per line the bytes it was read from, empty once it changed; not kept for UTF-16 files.
+    QList<std::optional<QByteArray>> m_bytes;
+    enum class Encoding { Utf8, Utf8Mark, Utf16LE, Utf16BE, Windows1252 } m_encoding = Encoding::Utf8;
+    QByteArray m_lineEnd = "\r\n"; // the file's first line end; CRLF for a new file, as the suite writes
+    bool m_endsInLineEnd = true;
 };

@@ -21,14 +21,6 @@ constexpr char16_t windows1252High[32] = {
 
 constexpr qint64 chunkSize = 1 << 16;
 
-bool isUtf8(const QByteArray &bytes)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
-    const QString text = decoder.decode(bytes); // the view converts only when read
-    Q_UNUSED(text);
-    return !decoder.hasError();
-}
-
 // Takes the next line out of Buffer from Position on, without its line end (CRLF, LF or CR);
 // Searched keeps how far the search got, so a long line is searched once. Without a line end the
 // rest is a line only at the end of the file. A CR that ends the buffer waits for more: an LF may
@@ -69,6 +61,33 @@ void compact(Buffer &buffer, qsizetype &position, qsizetype &searched)
 }
 
 } // namespace
+
+bool isValidUtf8(const QByteArray &bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+    const QString text = decoder.decode(bytes); // the view converts only when read
+    Q_UNUSED(text);
+    return !decoder.hasError();
+}
+
+QByteArray toWindows1252(const QString &text)
+{
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *out = bytes.data();
+    for (const QChar c : text) {
+        const char16_t u = c.unicode();
+        char byte = '?';
+        if (u < 0x80 || (u >= 0xA0 && u <= 0xFF)) {
+            byte = char(u);
+        } else {
+            for (int i = 0; i < 32; ++i)
+                if (windows1252High[i] == u)
+                    byte = char(0x80 + i);
+        }
+        *out++ = byte;
+    }
+    return bytes;
+}
 
 QString fromWindows1252(const QByteArray &bytes)
 {
@@ -139,7 +158,7 @@ bool TextLineReader::readLine(QString &line)
         line.remove(QChar(u'\0'));
     } else {
         m_lineBytes.replace('\0', QByteArray());
-        line = isUtf8(m_lineBytes) ? QString::fromUtf8(m_lineBytes) : fromWindows1252(m_lineBytes);
+        line = isValidUtf8(m_lineBytes) ? QString::fromUtf8(m_lineBytes) : fromWindows1252(m_lineBytes);
     }
     return true;
 }

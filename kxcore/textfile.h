@@ -51,5 +51,8 @@ private:
 // The text of bytes in Windows-1252 (0x80-0x9F are the code page's letters and signs, not
 // control characters as in Latin-1).
 QString fromWindows1252(const QByteArray &bytes);
+// The text in Windows-1252; a character the code page does not have becomes "?".
+QByteArray toWindows1252(const QString &text);
+bool isValidUtf8(const QByteArray &bytes);
 
 } // namespace kx

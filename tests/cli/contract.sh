@@ -89,7 +89,7 @@ run 1 "gibt es nicht" import ORTE orte.csv --def fehlt.iDef --yes
 run 1 "ist ein Ordner" import ORTE orte.csv --def "$work" --yes
 run 1 "gibt es in der Datenbank nicht" import GIBTSNICHT orte.csv --def orte.iDef --yes
 run 1 "existiert nicht" import ORTE fehlt.csv --def orte.iDef --yes
-run 1 "keine Spalten zugeordnet" import ORTE orte.csv --def fremd.iDef --yes
+run 1 "GIBTS.NICHT\" der Importdefinition gibt es in der Feldliste nicht" import ORTE orte.csv --def fremd.iDef --yes
 run 0 '"rowsInserted": 1' --json import ORTE orte.csv --def orte.iDef --yes
 run 0 "Ortsteil: Innenstadt" district 64283 Darmstadt Rheinstr. # the search columns were filled
 

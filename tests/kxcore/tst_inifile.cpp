@@ -3,6 +3,7 @@
 #include "testdatabase.h"
 
 #include <QFile>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -67,9 +68,39 @@ TEST(IniFile, MissingFileGivesDefaultsAndIsCreatedOnWrite)
     EXPECT_FALSE(ini.SectionExists(u"A"_s));
     EXPECT_EQ(ini.ReadInteger(u"A"_s, u"B"_s, 7), 7);
     ini.WriteBool(u"A"_s, u"B"_s, true);
-    EXPECT_EQ(readAll(dir.filePath(u"neu.ini"_s)), u"[A]\nB=1\n"_s);
+    EXPECT_EQ(readAll(dir.filePath(u"neu.ini"_s)), u"[A]\r\nB=1\r\n"_s); // as the suite's workstations write
     TCIniFile unwritable(dir.filePath(u"fehlt/ordner/x.ini"_s));
     EXPECT_THROW(unwritable.WriteString(u"A"_s, u"B"_s, u"C"_s), kx::Error);
+}
+
+// A write changes the one line it writes: every other byte of the file stays, whatever the
+// encoding and line ends other programs gave it; the written line takes the file's encoding.
+TEST(IniFile, WritesKeepTheFilesEncodingAndLineEnds)
+{
+    QTemporaryDir dir;
+    const auto utf16 = [](const QString &text, QStringConverter::Encoding e) { return QByteArray(QStringEncoder(e).encode(text)); };
+    const struct
+    {
+        const char *name;
+        QByteArray before, after;
+    } cases[] = {
+        { "Windows-1252, CRLF", "[Lage]\r\nPfad=C:\\K\xE4rten\r\nDPI=1\r\n", "[Lage]\r\nPfad=C:\\K\xE4rten\r\nDPI=M\xFChle\r\n" },
+        { "UTF-8 with mark, LF, no last line end", "\xEF\xBB\xBF[Lage]\nPfad=K\xC3\xA4rten\nDPI=1",
+          "\xEF\xBB\xBF[Lage]\nPfad=K\xC3\xA4rten\nDPI=M\xC3\xBChle" },
+        { "one Windows-1252 line among UTF-8 lines, CR", "[Lage]\rPfad=K\xC3\xA4rten\rAlt=B\xFCro\rDPI=1\r",
+          "[Lage]\rPfad=K\xC3\xA4rten\rAlt=B\xFCro\rDPI=M\xFChle\r" },
+        { "UTF-16 LE with mark, CRLF", "\xFF\xFE" + utf16(u"[Lage]\r\nPfad=Kärten\r\nDPI=1\r\n"_s, QStringConverter::Utf16LE),
+          "\xFF\xFE" + utf16(u"[Lage]\r\nPfad=Kärten\r\nDPI=Mühle\r\n"_s, QStringConverter::Utf16LE) },
+    };
+    for (const auto &c : cases) {
+        const QString path = writeIni(dir, c.before);
+        TCIniFile ini(path);
+        EXPECT_EQ(ini.ReadString(u"lage"_s, u"pfad"_s).right(6), u"Kärten"_s) << c.name;
+        ini.WriteString(u"Lage"_s, u"DPI"_s, u"Mühle"_s);
+        QFile file(path);
+        file.open(QIODevice::ReadOnly);
+        EXPECT_EQ(file.readAll().toHex().toStdString(), c.after.toHex().toStdString()) << c.name;
+    }
 }
 
 } // namespace
