@@ -112,7 +112,9 @@ class FirebirdDriver final : public SqlDriver
 public:
     explicit FirebirdDriver(const ConnectionParameters &p)
     {
-        const QByteArray path = (p.host.isEmpty() ? QString() : p.host + (p.port > 0 ? u'/' + QString::number(p.port) : QString()) + u':').toUtf8()
+        // An IPv6 address stands in brackets: "[::1]/3050:/pfad/k.fdb".
+        const QString host = p.host.contains(u':') ? u'[' + p.host + u']' : p.host;
+        const QByteArray path = (host.isEmpty() ? QString() : host + (p.port > 0 ? u'/' + QString::number(p.port) : QString()) + u':').toUtf8()
             + p.database.toUtf8();
         QByteArray dpb;
         dpb.append(char(isc_dpb_version1));
@@ -122,6 +124,21 @@ public:
         add(isc_dpb_user_name, p.user.toUtf8());
         add(isc_dpb_password, p.password.toUtf8());
         add(isc_dpb_lc_ctype, "UTF8");
+        for (const auto &[name, value] : p.options) {
+            if (name == u"role"_s) {
+                add(isc_dpb_sql_role_name, value.toUtf8());
+            } else if (name == u"connect_timeout"_s) {
+                bool ok = false;
+                const int seconds = value.toInt(&ok);
+                if (!ok || seconds < 0)
+                    throw DatabaseError(u"connect_timeout \"%1\" ist keine Zahl von Sekunden."_s.arg(value));
+                dpb.append(char(isc_dpb_connect_timeout)).append(char(4));
+                for (int shift = 0; shift < 32; shift += 8)
+                    dpb.append(char((seconds >> shift) & 0xFF));
+            } else {
+                throw DatabaseError(u"Die Verbindungsoption \"%1\" gibt es für Firebird nicht (role, connect_timeout)."_s.arg(name));
+            }
+        }
         ISC_STATUS_ARRAY status;
         if (isc_attach_database(status, short(path.size()), path.constData(), &m_db, short(dpb.size()), dpb.constData())) {
             const QString native = errorText(status);

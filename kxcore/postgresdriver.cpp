@@ -8,6 +8,8 @@
 #include <QIODevice>
 #include <libpq-fe.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kx {
@@ -44,6 +46,13 @@ public:
             + " client_encoding=UTF8 connect_timeout=10";
         if (p.port > 0)
             info += " port=" + QByteArray::number(p.port);
+        // The connection string's options go to the client as they are (sslmode, sslrootcert,
+        // application_name, ...); a later one replaces the defaults above.
+        for (const auto &[name, value] : p.options) {
+            if (!std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c.isLetterOrNumber() || c == u'_'; }))
+                throw DatabaseError(u"Die Verbindungsoption \"%1\" ist kein Optionsname."_s.arg(name));
+            info += ' ' + name.toUtf8() + '=' + quoteConnectionValue(value);
+        }
         m_conn = PQconnectdb(info.constData());
         if (PQstatus(m_conn) != CONNECTION_OK) {
             const QString native = QString::fromUtf8(PQerrorMessage(m_conn)).trimmed();

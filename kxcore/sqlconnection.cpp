@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <cstring>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +27,22 @@ TCSqlConnection::TCSqlConnection(QObject *parent)
 
 TCSqlConnection::~TCSqlConnection() = default;
 
+namespace {
+
+// The text with each %XX replaced by its byte, read as UTF-8; a "%" without two hex digits stays.
+QString percentDecoded(const QString &text)
+{
+    return QString::fromUtf8(QByteArray::fromPercentEncoding(text.toUtf8()));
+}
+
+[[noreturn]] void incomplete(const QString &product, const QString &what)
+{
+    throw kx::DatabaseError(u"Die Verbindungsangabe ist unvollständig oder falsch (%1); erwartet: "
+                            u"%2://benutzer:kennwort@rechner:port/datenbank"_s.arg(what, product));
+}
+
+} // namespace
+
 kx::ConnectionParameters TCSqlConnection::parseConnectionString(const QString &connectionString)
 {
     kx::ConnectionParameters p;
@@ -38,24 +53,64 @@ kx::ConnectionParameters TCSqlConnection::parseConnectionString(const QString &c
             throw kx::DatabaseError(u"Die Verbindungsangabe \"sqlite:\" nennt keine Datenbankdatei."_s);
         return p;
     }
-    static const QRegularExpression server(
-        uR"(^([a-z]+)://([^:@/]*)(?::([^@]*))?@([^:/]+)(?::(\d+))?/(.+)$)"_s);
-    const QRegularExpressionMatch m = server.match(connectionString);
-    const QString product = m.hasMatch() ? m.captured(1) : connectionString.section(u':', 0, 0);
+    const qsizetype schemeEnd = connectionString.indexOf(u"://"_s);
+    const QString product = schemeEnd > 0 ? connectionString.left(schemeEnd) : connectionString.section(u':', 0, 0);
     if (product != u"postgres"_s && product != u"firebird"_s)
         throw kx::DatabaseError(
             u"Unbekanntes Datenbanksystem \"%1\" in der Verbindungsangabe; erlaubt sind sqlite:, postgres:// und firebird://."_s
                 .arg(product));
-    if (!m.hasMatch())
-        throw kx::DatabaseError(
-            u"Die Verbindungsangabe ist unvollständig; erwartet: %1://benutzer:kennwort@rechner:port/datenbank"_s
-                .arg(product));
+    if (schemeEnd < 0)
+        incomplete(product, u"kein \"://\""_s);
     p.product = product;
-    p.user = m.captured(2);
-    p.password = m.captured(3);
-    p.host = m.captured(4);
-    p.port = m.captured(5).toInt();
-    p.database = m.captured(6);
+    const QString rest = connectionString.mid(schemeEnd + 3);
+    // The user part holds no "/" (it is written %2F), so the first "/" begins the database; the
+    // last "@" before it ends the user part, so an "@" of a password may even stand unencoded.
+    const qsizetype slash = rest.indexOf(u'/');
+    if (slash < 0)
+        incomplete(product, u"keine Datenbank"_s);
+    const QString authority = rest.left(slash);
+    QString path = rest.mid(slash + 1);
+    if (const qsizetype query = path.indexOf(u'?'); query >= 0) {
+        for (const QString &option : path.mid(query + 1).split(u'&', Qt::SkipEmptyParts)) {
+            const qsizetype equals = option.indexOf(u'=');
+            if (equals <= 0)
+                incomplete(product, u"Option \"%1\" ohne Wert"_s.arg(option));
+            p.options.append({ percentDecoded(option.left(equals)), percentDecoded(option.mid(equals + 1)) });
+        }
+        path.truncate(query);
+    }
+    p.database = percentDecoded(path);
+    const qsizetype at = authority.lastIndexOf(u'@');
+    if (at >= 0) {
+        const QString user = authority.left(at);
+        const qsizetype colon = user.indexOf(u':');
+        p.user = percentDecoded(colon < 0 ? user : user.left(colon));
+        p.password = colon < 0 ? QString() : percentDecoded(user.mid(colon + 1));
+    }
+    QString hostPort = authority.mid(at + 1);
+    QString port;
+    if (hostPort.startsWith(u'[')) {
+        const qsizetype close = hostPort.indexOf(u']');
+        if (close < 0)
+            incomplete(product, u"IPv6-Adresse ohne \"]\""_s);
+        p.host = hostPort.mid(1, close - 1);
+        const QString after = hostPort.mid(close + 1);
+        if (!after.isEmpty() && !after.startsWith(u':'))
+            incomplete(product, u"nach der IPv6-Adresse"_s);
+        port = after.mid(1);
+    } else {
+        const qsizetype colon = hostPort.lastIndexOf(u':');
+        p.host = percentDecoded(colon < 0 ? hostPort : hostPort.left(colon));
+        port = colon < 0 ? QString() : hostPort.mid(colon + 1);
+    }
+    if (p.host.isEmpty() || p.database.isEmpty())
+        incomplete(product, p.host.isEmpty() ? u"kein Rechner"_s : u"keine Datenbank"_s);
+    if (!port.isEmpty()) {
+        bool ok = false;
+        p.port = port.toInt(&ok);
+        if (!ok || p.port < 1 || p.port > 65535)
+            incomplete(product, u"Port \"%1\""_s.arg(port));
+    }
     return p;
 }
 

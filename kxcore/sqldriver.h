@@ -71,6 +71,9 @@ struct ConnectionParameters
     QString host;
     int port = 0;
     QString database; // file path or database name
+    // "?name=value&..." of the connection string, for the client (PostgreSQL: any of libpq's
+    // connection options such as sslmode; Firebird: role, connect_timeout).
+    QList<std::pair<QString, QString>> options;
 };
 
 std::unique_ptr<SqlDriver> openSqliteDriver(const ConnectionParameters &parameters);

@@ -143,3 +143,74 @@ TEST_F(ConnectionTest, ClosedConnectionFailsClearly)
 }
 
 } // namespace
+
+namespace {
+
+// The caller transaction: nothing is seen by another connection before the commit; a scope left
+// without commit rolls back; an inner one is a savepoint that fails alone, also on PostgreSQL,
+// where a failed statement would otherwise end the transaction.
+TEST_F(ConnectionTest, CallerTransactionsCommitRollBackAndNest)
+{
+    exec(u"CREATE TABLE KXT_T (ID VARCHAR(10))"_s);
+    TCSqlConnection other;
+    other.Open(m_connectionString);
+    const auto seen = [&other] {
+        QStringList ids;
+        for (const auto &row : other.execute(u"SELECT ID FROM KXT_T ORDER BY ID"_s).rows)
+            ids << row.value(0).toString();
+        return ids.join(u',');
+    };
+    {
+        kx::SqlTransaction outer;
+        SqlExec(u"INSERT INTO KXT_T (ID) VALUES ('a')"_s);
+        {
+            kx::SqlTransaction inner;
+            SqlExec(u"INSERT INTO KXT_T (ID) VALUES ('b')"_s);
+        } // rolled back alone
+        {
+            kx::SqlTransaction inner(kx::SqlTransaction::Outside::Nothing);
+            EXPECT_THROW(SqlExec(u"INSERT INTO KXT_MISSING (ID) VALUES ('c')"_s), kx::DatabaseError);
+        }
+        {
+            kx::SqlTransaction inner;
+            SqlExec(u"INSERT INTO KXT_T (ID) VALUES ('d')"_s);
+            inner.commit();
+        }
+        EXPECT_EQ(seen(), QString());
+        outer.commit();
+    }
+    EXPECT_EQ(seen(), u"a,d"_s);
+    try {
+        kx::SqlTransaction failing;
+        SqlExec(u"INSERT INTO KXT_T (ID) VALUES ('e')"_s);
+        SqlExec(u"INSERT INTO KXT_MISSING (ID) VALUES ('f')"_s);
+        failing.commit();
+    } catch (const kx::DatabaseError &) {
+    }
+    EXPECT_FALSE(compSqlConnection->inTransaction());
+    EXPECT_EQ(seen(), u"a,d"_s);
+    { // outside a transaction a guard does nothing: the statement commits on its own
+        kx::SqlTransaction guard(kx::SqlTransaction::Outside::Nothing);
+        SqlExec(u"INSERT INTO KXT_T (ID) VALUES ('g')"_s);
+    }
+    EXPECT_EQ(seen(), u"a,d,g"_s);
+}
+
+// Options of the connection string reach the client; one the client does not know is refused.
+TEST_F(ConnectionTest, ConnectionOptionsReachTheClient)
+{
+    if (kxtest::product() == u"sqlite"_s)
+        return; // a file path, no options
+    TCSqlConnection other;
+    if (kxtest::product() == u"postgres"_s) {
+        other.Open(m_connectionString + u"?application_name=Wache%201"_s);
+        EXPECT_EQ(other.execute(u"select current_setting('application_name')"_s).rows.front().value(0).toString(), u"Wache 1"_s);
+    } else {
+        other.Open(m_connectionString + u"?connect_timeout=5"_s);
+        EXPECT_TRUE(other.Connected());
+    }
+    TCSqlConnection refused;
+    EXPECT_THROW(refused.Open(m_connectionString + u"?gibtsnicht=1"_s), kx::DatabaseError);
+}
+
+} // namespace

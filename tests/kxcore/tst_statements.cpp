@@ -90,12 +90,23 @@ TEST(ConnectionString, ParsesEachProduct)
     const auto noPassword = TCSqlConnection::parseConnectionString(u"postgres://kx@db/kx"_s);
     EXPECT_EQ(noPassword.password, QString());
     EXPECT_EQ(noPassword.port, 0);
+
+    // Percent-encoded parts, an unencoded "@" in the password, an IPv6 host, options.
+    const auto url = TCSqlConnection::parseConnectionString(
+        u"postgres://wehr%2Fadmin:p@ss%2Fw%C3%B6rt@[::1]:6543/kx%20test?sslmode=require&application_name=Lager%20A"_s);
+    EXPECT_EQ(url.user, u"wehr/admin"_s);
+    EXPECT_EQ(url.password, u"p@ss/wört"_s);
+    EXPECT_EQ(url.host, u"::1"_s);
+    EXPECT_EQ(url.port, 6543);
+    EXPECT_EQ(url.database, u"kx test"_s);
+    EXPECT_EQ(url.options, (QList<std::pair<QString, QString>>{ { u"sslmode"_s, u"require"_s }, { u"application_name"_s, u"Lager A"_s } }));
 }
 
 TEST(ConnectionString, RefusesUnknownOrIncompleteOnes)
 {
     const QString cases[] = { u"mysql://u:p@h:1/db"_s, u"oracle:x"_s, u"sqlite:"_s, u"postgres://localhost"_s,
-                              u""_s, u"kxcommon.db"_s };
+                              u""_s, u"kxcommon.db"_s, u"postgres://u@h:99999/db"_s, u"postgres://u@[::1/db"_s,
+                              u"postgres://u@h/db?sslmode"_s, u"postgres://u@h/"_s };
     for (const QString &text : cases) {
         TCSqlConnection connection;
         EXPECT_THROW(connection.Open(text), kx::DatabaseError) << text.toStdString();
