@@ -21,18 +21,50 @@ const QString documentPart = u"word/document.xml"_s;
 
 using ZipEntries = QList<std::pair<QString, QByteArray>>;
 
+// What one part and all parts of an archive may hold unpacked. A template of a few kilobytes can
+// inflate to gigabytes; real templates, pictures included, stay far below. Counted while
+// unpacking: the sizes an archive declares may lie.
+constexpr qint64 partLimit = qint64(64) << 20;
+constexpr qint64 archiveLimit = qint64(256) << 20;
+
+// Reads the archive's parts, each when Keep is set; returns the reason it is refused (a part or
+// the whole larger than the limits, a part that does not unpack), or the empty text.
+QString unpack(QuaZip &zip, ZipEntries *keep)
+{
+    qint64 total = 0;
+    for (bool more = zip.goToFirstFile(); more; more = zip.goToNextFile()) {
+        QuaZipFile entry(&zip);
+        const QString name = zip.getCurrentFileName();
+        if (!entry.open(QIODevice::ReadOnly))
+            return u"der Teil %1 lässt sich nicht entpacken"_s.arg(name);
+        QByteArray data;
+        qint64 size = 0;
+        for (QByteArray piece = entry.read(1 << 16); !piece.isEmpty(); piece = entry.read(1 << 16)) {
+            size += piece.size();
+            total += piece.size();
+            if (size > partLimit)
+                return u"der Teil %1 ist entpackt größer als %2 MiB"_s.arg(name).arg(partLimit >> 20);
+            if (total > archiveLimit)
+                return u"das Archiv ist entpackt größer als %1 MiB"_s.arg(archiveLimit >> 20);
+            if (keep)
+                data += piece;
+        }
+        if (entry.getZipError() != UNZ_OK)
+            return u"der Teil %1 ist beschädigt"_s.arg(name);
+        if (keep)
+            keep->append({ name, data });
+    }
+    return QString();
+}
+
 ZipEntries readZip(const QString &file)
 {
     QuaZip zip(file);
     if (!zip.open(QuaZip::mdUnzip))
         throw kx::Error(u"Die Vorlage %1 lässt sich nicht öffnen (kein Office-Open-XML-Dokument?)."_s.arg(file));
     ZipEntries entries;
-    for (bool more = zip.goToFirstFile(); more; more = zip.goToNextFile()) {
-        QuaZipFile entry(&zip);
-        if (!entry.open(QIODevice::ReadOnly))
-            throw kx::Error(u"Die Vorlage %1 ist beschädigt: %2"_s.arg(file, zip.getCurrentFileName()));
-        entries.append({ zip.getCurrentFileName(), entry.readAll() });
-    }
+    if (const QString refused = unpack(zip, &entries); !refused.isEmpty())
+        throw kx::Error(u"Die Vorlage %1 wird nicht gelesen: %2."_s.arg(file, refused));
     return entries;
 }
 
@@ -78,58 +110,103 @@ bool isWord(const QXmlStreamReader &xml, QLatin1StringView name)
     return xml.namespaceUri() == wordNamespace && xml.name() == name;
 }
 
+// Writes a field's result as runs' content: its text in w:t elements, a line break (CR LF, LF,
+// CR or the word processor's vertical tab) as w:br, a tab as w:tab; characters XML cannot hold
+// are left out. Returns the result as it will read back.
+QString writeResult(QXmlStreamWriter &writer, const QString &w, const QString &result)
+{
+    QString text = result;
+    text.replace(u"\r\n"_s, u"\v"_s).replace(u'\n', u'\v').replace(u'\r', u'\v');
+    QString shown, piece;
+    const auto flush = [&] {
+        if (piece.isEmpty())
+            return;
+        writer.writeStartElement(w + u"t"_s);
+        writer.writeAttribute(u"xml:space"_s, u"preserve"_s);
+        writer.writeCharacters(piece);
+        writer.writeEndElement();
+        piece.clear();
+    };
+    for (const QChar c : text) {
+        if (c == u'\v' || c == u'\t') {
+            flush();
+            writer.writeEmptyElement(w + (c == u'\v' ? u"br"_s : u"tab"_s));
+            shown += c;
+        } else if (c.unicode() >= 0x20 && c.unicode() != 0xFFFE && c.unicode() != 0xFFFF) {
+            piece += c;
+            shown += c;
+        }
+    }
+    flush();
+    return shown;
+}
+
 // One pass over the document part: collects the legacy form fields' names and shown texts, and
-// writes the part with the given results in place of the shown texts. A field's result goes
-// into a run of its own after the field's separator; the texts shown before are emptied.
+// writes the part with the given results in place of the shown texts. The begin, separator,
+// result and end of a field may share runs in any arrangement. A result takes the place of the
+// first text of the field's result, in that text's run, so it keeps the run's formatting; the
+// other texts, breaks and tabs of the old result go. A result without any text is written
+// before the field's end, in the end's run.
 QByteArray formFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names, QStringList *shown)
 {
+    struct Field
+    {
+        int index = -1;         // the form field's number, -1 for other fields
+        bool separated = false; // past the separator: in the result
+        bool written = false;   // the new result is written
+    };
     QXmlStreamReader xml(part);
     QByteArray out;
     QXmlStreamWriter writer(&out);
     QString w = u"w:"_s; // the prefix the part gives the word-processing namespace
-    QList<int> fields; // per open complex field: its form field's index, or -1
-    bool inBegin = false, inText = false, injectAfterRun = false;
-    int resultField = -1;
+    QList<Field> fields; // the open complex fields, innermost last
+    bool inBegin = false, inText = false;
+    int skipped = 0; // the depth of an element of an old result that is left out
     while (!xml.atEnd()) {
         xml.readNext();
+        if (skipped > 0) {
+            skipped += xml.isStartElement() ? 1 : xml.isEndElement() ? -1 : 0;
+            continue;
+        }
+        Field *field = fields.isEmpty() ? nullptr : &fields.last();
+        const bool inResult = field && field->separated && field->index >= 0;
+        const bool replacing = inResult && results.contains(field->index);
         if (xml.isStartElement() && isWord(xml, "fldChar"_L1)) {
             const auto type = xml.attributes().value(wordNamespace, u"fldCharType"_s);
             if (type == u"begin"_s) {
-                fields.append(-1);
+                fields.append(Field{});
                 inBegin = true;
-            } else if (type == u"separate"_s && !fields.isEmpty() && fields.last() >= 0) {
-                resultField = fields.last();
-                injectAfterRun = results.contains(resultField);
-            } else if (type == u"end"_s && !fields.isEmpty()) {
+            } else if (type == u"separate"_s && field) {
+                field->separated = true;
+            } else if (type == u"end"_s && field) {
+                if (replacing && !field->written)
+                    (*shown)[field->index] = writeResult(writer, w, results.value(field->index));
                 fields.removeLast();
-                resultField = -1;
             }
         } else if (xml.isEndElement() && isWord(xml, "fldChar"_L1)) {
             inBegin = false;
-        } else if (xml.isStartElement() && inBegin && isWord(xml, "name"_L1) && !fields.isEmpty()) {
-            fields.last() = int(names->size());
+        } else if (xml.isStartElement() && inBegin && field && isWord(xml, "name"_L1)) {
+            field->index = int(names->size());
             names->append(xml.attributes().value(wordNamespace, u"val"_s).toString());
             shown->append(QString());
+        } else if (replacing && xml.isStartElement()
+                   && (isWord(xml, "t"_L1) || isWord(xml, "br"_L1) || isWord(xml, "cr"_L1) || isWord(xml, "tab"_L1))) {
+            if (isWord(xml, "t"_L1) && !field->written) {
+                (*shown)[field->index] = writeResult(writer, w, results.value(field->index));
+                field->written = true;
+            }
+            skipped = 1;
+            continue;
+        } else if (inResult && xml.isStartElement() && (isWord(xml, "br"_L1) || isWord(xml, "cr"_L1) || isWord(xml, "tab"_L1))) {
+            (*shown)[field->index] += isWord(xml, "tab"_L1) ? u'\t' : u'\v';
         } else if (xml.isStartElement() && isWord(xml, "t"_L1)) {
             inText = true;
         } else if (xml.isEndElement() && isWord(xml, "t"_L1)) {
             inText = false;
-        } else if (xml.isCharacters() && inText && resultField >= 0) {
-            if (results.contains(resultField))
-                continue; // the old shown text of a field that gets a result
-            (*shown)[resultField] += xml.text();
+        } else if (xml.isCharacters() && inText && inResult) {
+            (*shown)[field->index] += xml.text();
         }
         copyToken(xml, writer, w);
-        if (xml.isEndElement() && isWord(xml, "r"_L1) && injectAfterRun) {
-            injectAfterRun = false;
-            writer.writeStartElement(w + u"r"_s);
-            writer.writeStartElement(w + u"t"_s);
-            writer.writeAttribute(u"xml:space"_s, u"preserve"_s);
-            writer.writeCharacters(results.value(resultField));
-            writer.writeEndElement();
-            writer.writeEndElement();
-            (*shown)[resultField] = results.value(resultField);
-        }
     }
     if (xml.hasError())
         throw kx::Error(u"Der Dokumentteil %1 ist kein gültiges XML: %2"_s.arg(documentPart, xml.errorString()));
@@ -226,7 +303,7 @@ QString TOoxmlWordApplication::CannotFill(const QString &templateFile) const
         return u"kein Office-Open-XML-Dokument (kein Zip-Archiv)"_s;
     if (!zip.setCurrentFile(documentPart))
         return u"dem Archiv fehlt der Dokumentteil %1"_s.arg(documentPart);
-    return QString();
+    return unpack(zip, nullptr);
 }
 
 void TOoxmlWordApplication::DocumentsAdd(const QString &templateFile)

@@ -16,6 +16,7 @@
 #include <quazipfile.h>
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QFile>
 #include <QWidget>
 
@@ -220,7 +221,15 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
         { u"Brief.dot"_s, u"eine binäre Word-Datei, die hier nicht gefüllt werden kann"_s },
         { u"Kaputt.dotx"_s, u"kein Office-Open-XML-Dokument (kein Zip-Archiv)"_s },
         { u"Leer.docx"_s, u"dem Archiv fehlt der Dokumentteil word/document.xml"_s },
+        { u"Riesig.docx"_s, u"der Teil word/document.xml ist entpackt größer als 64 MiB"_s },
     };
+    { // 65 MiB of blanks in 65 KiB: a part that inflates past the limit
+        QuaZip zip(docs + u"/Riesig.docx"_s);
+        ASSERT_TRUE(zip.open(QuaZip::mdCreate));
+        QuaZipFile entry(&zip);
+        ASSERT_TRUE(entry.open(QIODevice::WriteOnly, QuaZipNewInfo(u"word/document.xml"_s)));
+        entry.write(QByteArray(65 << 20, ' '));
+    }
     const QStringList before = QDir(cWorkPath).entryList(QDir::Files);
     for (const auto &r : refused) {
         SCOPED_TRACE(r.file.toStdString());
@@ -236,6 +245,50 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
     QStringList expected = before;
     expected.removeAll(u"kxcommon.log"_s);
     EXPECT_EQ(after, expected);
+}
+
+// The parts of a legacy form field may share runs in any arrangement a word processor saves; the
+// result keeps the formatting of the run it is written in, and its line breaks and tabs.
+TEST_F(ToolsCommonTest, FormFieldsInEveryArrangementOfRuns)
+{
+    const QByteArray begin = R"(<w:fldChar w:fldCharType="begin"><w:ffData><w:name w:val="%1"/></w:ffData></w:fldChar>)";
+    const QByteArray instruction = R"(<w:instrText xml:space="preserve"> FORMTEXT </w:instrText>)";
+    const QByteArray separate = R"(<w:fldChar w:fldCharType="separate"/>)", end = R"(<w:fldChar w:fldCharType="end"/>)";
+    const QByteArray bold = "<w:rPr><w:b/></w:rPr>";
+    const auto run = [](const QByteArray &content) -> QByteArray { return "<w:r>" + content + "</w:r>"; };
+    const struct
+    {
+        const char *name;
+        QByteArray field;
+    } cases[] = {
+        { "each in a run of its own", run(begin) + run(instruction) + run(separate) + run(bold + "<w:t>alt</w:t>") + run(end) },
+        { "separator and end in one run", run(begin) + run(instruction) + run(bold + separate + "<w:t>alt</w:t>" + end) },
+        { "no shown text", run(begin) + run(instruction) + run(bold + separate + end) },
+        { "all in one run", run(bold + begin + instruction + separate + "<w:t>alt</w:t>" + end) },
+        { "the old text over two runs with a break", run(begin + instruction + separate)
+              + run(bold + "<w:t>alte</w:t><w:br/>") + run("<w:t>Zeile</w:t><w:tab/>") + run(end) },
+    };
+    const QString value = u"Zeile 1\vZeile 2\tEnde & <Schluss>"_s;
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString file = docs + u"/Anordnung.dotx"_s;
+        QFile::remove(file);
+        writeTemplate(file, "application/vnd.openxmlformats-officedocument.wordprocessingml.template.main+xml", c.field);
+        TOoxmlWordApplication word;
+        word.DocumentsAdd(file);
+        ASSERT_EQ(word.ActiveDocument()->FormFieldsCount(), 2);
+        word.ActiveDocument()->SetFormFieldResult(1, value);
+        word.ActiveDocument()->SetFormFieldResult(2, u"Dieburg"_s);
+        const QString made = word.Documents().value(0);
+        word.Release();
+        EXPECT_EQ(ooxmlFormFields(made),
+                  (QList<std::pair<QString, QString>>{ { u"Name1"_s, value }, { u"Ort1"_s, u"Dieburg"_s } }));
+        // The new text stands in the bold run, before that run ends.
+        static const QRegularExpression inBoldRun(u"<w:b/></w:rPr>(?:(?!</w:r>).)*Zeile 1"_s,
+                                                  QRegularExpression::DotMatchesEverythingOption);
+        EXPECT_TRUE(inBoldRun.match(QString::fromUtf8(zipEntry(made, u"word/document.xml"_s))).hasMatch());
+        QFile::remove(made);
+    }
 }
 
 } // namespace

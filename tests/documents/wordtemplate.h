@@ -8,14 +8,17 @@
 #include <quazip.h>
 #include <quazipfile.h>
 
-// A word-processor template with two legacy text form fields, "Name1" and "Ort1", each showing
-// five spaces, as a word processor saves them.
-inline void writeTemplate(const QString &path, const char *contentType)
+// A legacy text form field as a word processor saves it: begin, instruction, separator, the
+// shown text (five spaces) and end, each in a run of its own; %1 is its name.
+inline const QByteArray standardFormField =
+    R"(<w:r><w:fldChar w:fldCharType="begin"><w:ffData><w:name w:val="%1"/><w:enabled/>)"
+    R"(<w:textInput/></w:ffData></w:fldChar></w:r><w:r><w:instrText xml:space="preserve"> FORMTEXT )"
+    R"(</w:instrText></w:r><w:r><w:fldChar w:fldCharType="separate"/></w:r><w:r><w:t>     </w:t></w:r>)"
+    R"(<w:r><w:fldChar w:fldCharType="end"/></w:r>)";
+
+// A word-processor template with two form fields, "Name1" and "Ort1", written as Field says.
+inline void writeTemplate(const QString &path, const char *contentType, const QByteArray &field = standardFormField)
 {
-    const QByteArray field = R"(<w:r><w:fldChar w:fldCharType="begin"><w:ffData><w:name w:val="%1"/><w:enabled/>)"
-                             R"(<w:textInput/></w:ffData></w:fldChar></w:r><w:r><w:instrText xml:space="preserve"> FORMTEXT )"
-                             R"(</w:instrText></w:r><w:r><w:fldChar w:fldCharType="separate"/></w:r><w:r><w:t>     </w:t></w:r>)"
-                             R"(<w:r><w:fldChar w:fldCharType="end"/></w:r>)";
     const QByteArray document =
         R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
         R"(<w:document xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"><w:body>)"
