@@ -95,6 +95,9 @@ void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
 {
     TCSqlQuery query;
     query.Connection = compSqlConnection;
+    // All copies or none: a copy without its stored content would name a file that is nowhere.
+    kx::SqlTransaction transaction;
+    const bool contents = compSqlConnection->tableExists(u"BinaryData"_s);
     for (int i = 0; i < RowCount(); ++i) {
         kx::NameValues pairs = Row(i);
         if (pairs.Count() == 0)
@@ -102,6 +105,7 @@ void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
         for (int p = pairs.Count() - 1; p >= 0; --p)
             if (!DataAccess_Doc->Fields.GetItemFromFieldname(pairs.Name(p)))
                 pairs.Delete(p);
+        const QString id = pairs.Value(u"ID"_s);
         pairs.SetValue(u"ID"_s, sqlGenIdValue());
         pairs.SetValue(u"IDPARENT"_s, NewParentId);
         for (const auto &[name, value] : kx::changeStamp())
@@ -113,5 +117,8 @@ void TDocModiCommonForm::CloneDocuments(const QString &NewParentId)
         query.SQL.Clear();
         query.SQL.Add(SqlBuildInsertSql(DataAccess_Doc->Tablename, quoted));
         query.ExecSQL();
+        if (contents)
+            CopyBinaryData(id, pairs.Value(u"ID"_s), DataAccess_Doc->Tablename);
     }
+    transaction.commit();
 }

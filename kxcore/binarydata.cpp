@@ -50,6 +50,21 @@ QString SaveBinaryData(const QString &Id, const QString &TableName, const QStrin
     return name;
 }
 
+int CopyBinaryData(const QString &Id, const QString &NewId, const QString &TableName)
+{
+    const kx::SqlResult stored = compSqlConnection->execute(u"select ID from BinaryData where IDPARENT="_s + kx::sqlQuoted(Id)
+                                                            + u" and TABLEPARENT="_s + kx::sqlQuoted(TableName.toUpper()));
+    QString stamp;
+    for (const auto &[name, value] : kx::changeStamp())
+        stamp += u", "_s + kx::sqlQuoted(value);
+    for (const auto &row : stored.rows)
+        SqlExec(u"insert into BinaryData (ID, IDPARENT, TABLEPARENT, DATAFILTER, DATAFILENAME, DATAMD5, DATA, LDATE, LTIME, LUSER) "
+                u"select "_s + kx::sqlQuoted(sqlGenIdValue()) + u", "_s + kx::sqlQuoted(NewId)
+                + u", TABLEPARENT, DATAFILTER, DATAFILENAME, DATAMD5, DATA"_s + stamp + u" from BinaryData where ID="_s
+                + kx::sqlQuoted(row.value(0).toString()));
+    return int(stored.rows.size());
+}
+
 QString ExtractBinaryData(const QString &Id, const QString &TableName, const QString &FieldName, const QString &Folder)
 {
     const kx::SqlResult found = compSqlConnection->execute(u"select ID, DATAFILENAME from BinaryData where "_s

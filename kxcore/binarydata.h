@@ -11,6 +11,10 @@
 // Raises kx::Error when the file cannot be read, kx::DatabaseError when the database refuses.
 QString SaveBinaryData(const QString &Id, const QString &TableName, const QString &FieldName, const QString &FilePath);
 
+// Copies every stored content of row Id of the table to row NewId, inside the database (the
+// bytes never pass through memory); returns how many were copied.
+int CopyBinaryData(const QString &Id, const QString &NewId, const QString &TableName);
+
 // Writes the field's content of the row into Folder under its file's name and returns the
 // file's path; empty when the row has no content stored (nothing is written then).
 QString ExtractBinaryData(const QString &Id, const QString &TableName, const QString &FieldName, const QString &Folder);

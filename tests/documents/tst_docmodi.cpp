@@ -194,6 +194,14 @@ TEST_F(DocModiTest, StoredDocumentSavedToAFolder)
     kxtest::ScriptedMessages messages({ { u"Datei wurde gespeichert."_s } });
     form.Dokumentspeichern1Click();
     EXPECT_EQ(kxtest::readFile(folder + u"/Brief.pdf"_s), QByteArray("Fahrzeugbrief"));
+
+    // A copy for another record carries the stored content with it.
+    form.LoadDocuments(u"FZ-1"_s);
+    form.CloneDocuments(u"FZ-9"_s);
+    const QString copy = kxtest::rows(u"select ID from Fahrzeug_Dokumente where IDPARENT='FZ-9'"_s).value(0);
+    QDir().mkpath(m_scratch.filePath(u"Kopie"_s));
+    const QString extracted = ExtractBinaryData(copy, u"Fahrzeug_Dokumente"_s, u"Dokument"_s, m_scratch.filePath(u"Kopie"_s));
+    EXPECT_EQ(kxtest::readFile(extracted), QByteArray("Fahrzeugbrief"));
 }
 
 // The real scanner, watched: the busy flag as a second workstation reads it while the page is taken.
