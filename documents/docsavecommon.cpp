@@ -1,5 +1,6 @@
 #include "docsavecommon.h"
 
+#include "msgdlg.h"
 #include "tcfiledialog.h"
 
 #include <QDir>
@@ -36,10 +37,27 @@ TDocSaveCommonForm::TDocSaveCommonForm(QWidget *parent)
     });
 }
 
+namespace {
+
+// A name within the chosen folder: no folder of its own, no way out of it ("/tmp/x.jpg",
+// "../x.jpg"), as the restricted browser keeps the user below the search path.
+bool isPlainName(const QString &name)
+{
+    return !name.isEmpty() && !name.contains(u'/') && !name.contains(u'\\') && name != u"."_s && name != u".."_s;
+}
+
+} // namespace
+
 void TDocSaveCommonForm::OkButtonClick()
 {
-    if (!SaveName->text().isEmpty())
-        accept();
+    if (SaveName->text().isEmpty())
+        return;
+    if (!isPlainName(SaveName->text())) {
+        MsgDlg(u"Bitte nur einen Dateinamen angeben, ohne Ordner: gespeichert wird in den gewählten Ordner."_s,
+               TMsgDlgType::mtWarning, mbOK);
+        return;
+    }
+    accept();
 }
 
 bool SaveCommonDocument(QString &Path)
@@ -50,7 +68,7 @@ bool SaveCommonDocument(QString &Path)
         if (form->exec() != QDialog::Accepted)
             return false;
         const QString folder = form->SelectedFolder();
-        if (folder.isEmpty() || !QFileInfo(folder).isDir())
+        if (folder.isEmpty() || !QFileInfo(folder).isDir() || !isPlainName(form->SaveName->text()))
             return false;
         Path = QDir(folder).filePath(form->SaveName->text());
         return true;

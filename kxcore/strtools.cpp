@@ -56,7 +56,12 @@ QString GetFileFromSearchPath(const QString &fileName)
     for (const QString &folder : cSearchPathList) {
         if (folder.isEmpty())
             continue;
-        const QFileInfo candidate(QDir(folder), fileName);
+        // A relative name stays below its search folder: "../../etc/passwd" finds nothing.
+        const QString base = QDir::cleanPath(QDir(folder).absolutePath());
+        const QString path = QDir::cleanPath(base + u'/' + fileName);
+        if (!path.startsWith(base + u'/'))
+            continue;
+        const QFileInfo candidate(path);
         if (candidate.isFile())
             return candidate.absoluteFilePath();
     }

@@ -6,6 +6,7 @@
 #include "parameter.h"
 #include "tcfiledialog.h"
 #include "scratchfiles.h"
+#include "scriptedmessages.h"
 #include "testdatabase.h"
 
 #include <QApplication>
@@ -123,6 +124,12 @@ TEST_F(DocDialogsTest, SavingThroughTheBrowserNeedsAName)
             if (list->model()->index(row, 0, list->rootIndex()).data().toString() == u"Scan.JPG"_s)
                 list->setCurrentIndex(list->model()->index(row, 0, list->rootIndex()));
         EXPECT_EQ(form->SaveName->text(), u"Scan.JPG"_s);
+        for (const QString &outside : { u"/tmp/x.jpg"_s, u"../x.jpg"_s, u"Unter/x.jpg"_s }) { // a name, no folder
+            kxtest::ScriptedMessages message({ { u"Bitte nur einen Dateinamen angeben*"_s } });
+            form->SaveName->setText(outside);
+            QTest::mouseClick(form->OkButton, Qt::LeftButton);
+            EXPECT_TRUE(form->isVisible());
+        }
         form->SaveName->setText(u"Einsatz 12.jpg"_s);
         QTest::mouseClick(form->OkButton, Qt::LeftButton);
     });

@@ -54,6 +54,11 @@ TEST(StrTools, FileFromSearchPath)
     EXPECT_EQ(GetFileFromSearchPath(QString()), QString());
     EXPECT_EQ(GetFileFromSearchPath(second.filePath(u"Vorlage Ä.docx"_s)),
               QDir(second.path()).absoluteFilePath(u"Vorlage Ä.docx"_s));
+    // A relative name never leads out of its search folder.
+    QDir(second.path()).mkdir(u"Unterordner"_s);
+    cSearchPathList = { QDir(second.path()).filePath(u"Unterordner"_s) };
+    EXPECT_EQ(GetFileFromSearchPath(u"../Vorlage Ä.docx"_s), QString());
+    EXPECT_EQ(GetFileFromSearchPath(u"../../../../../../../../etc/passwd"_s), QString());
     cSearchPathList = saved;
 }
 
