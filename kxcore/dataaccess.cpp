@@ -97,11 +97,20 @@ QList<TCDataAccess::PlannedIndex> TCDataAccess::plannedIndexes(const kx::SqlDial
     return planned;
 }
 
+QStringList TCDataAccess::creationColumns(const kx::SqlDialect &dialect) const
+{
+    QStringList columns, binary;
+    for (const TCFieldDef &field : Fields.items()) {
+        const bool isBinary = dialect.blobColumnsLast() && field.SQLType.trimmed().startsWith(u"BLOB"_s, Qt::CaseInsensitive)
+            && !field.SQLType.contains(u"TEXT"_s, Qt::CaseInsensitive);
+        (isBinary ? binary : columns) << columnDefinition(dialect, field);
+    }
+    return columns + binary;
+}
+
 QStringList TCDataAccess::createStatements(const kx::SqlDialect &dialect) const
 {
-    QStringList columns;
-    for (const TCFieldDef &field : Fields.items())
-        columns << columnDefinition(dialect, field);
+    const QStringList columns = creationColumns(dialect);
     QStringList statements{ dialect.createTableSql(Tablename, columns) };
     for (const PlannedIndex &index : plannedIndexes(dialect))
         statements << dialect.createIndexSql(index.name, Tablename, index.fields, index.unique);
@@ -116,10 +125,7 @@ bool TCDataAccess::AlterOrCreateTable(bool)
     const kx::SqlDialect &dialect = connection.dialect();
 
     if (!connection.tableExists(Tablename)) {
-        QStringList columns;
-        for (const TCFieldDef &field : Fields.items())
-            columns << columnDefinition(dialect, field);
-        connection.execute(dialect.createTableSql(Tablename, columns));
+        connection.execute(dialect.createTableSql(Tablename, creationColumns(dialect)));
     } else {
         const QStringList existing = connection.GetFieldNames(Tablename);
         for (const TCFieldDef &field : Fields.items()) {

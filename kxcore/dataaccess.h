@@ -151,6 +151,9 @@ public:
 
 private:
     QString columnDefinition(const kx::SqlDialect &dialect, const TCFieldDef &field) const;
+    // The column definitions in creation order: the definition's, binary columns last where the
+    // product needs them there.
+    QStringList creationColumns(const kx::SqlDialect &dialect) const;
     QList<kx::SqlDialect::ScaledColumn> scaledColumns() const;
     // Where the product does not hold decimal columns at their scale itself, the triggers that do.
     void ensureScale(TCSqlConnection &connection) const;

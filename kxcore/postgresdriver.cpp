@@ -6,9 +6,11 @@
 #include <QDate>
 #include <QDateTime>
 #include <QIODevice>
+#include <QtEndian>
 #include <libpq-fe.h>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +37,10 @@ QByteArray quoteConnectionValue(const QString &value)
     text.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
     return "'" + text.toUtf8() + "'";
 }
+
+// Pieces of 4 MiB: each is one round trip, and a few MB of client memory stay small beside a
+// document of tens of megabytes.
+constexpr qint64 pieceSize = 4 << 20;
 
 class PostgresDriver final : public SqlDriver
 {
@@ -121,30 +127,32 @@ public:
 
     const SqlDialect &dialect() const override { return postgresDialect(); }
 
-    // The pieces go into a temporary table as binary parameters, then one UPDATE joins them into
-    // the value (appending piece by piece would rewrite the growing value each time); all in one
-    // transaction. Reading takes the value back piece by piece in binary result format.
+    // The value is streamed into a temporary table as the one field of one row of a binary COPY,
+    // in pieces, then one UPDATE sets it (appending piece by piece would rewrite the growing
+    // value each time); all in one transaction. The table lives as long as the session and is
+    // emptied at each commit, so a value costs no catalog changes. Reading takes the value back
+    // piece by piece in binary result format.
     void writeBlob(const BlobLocation &at, QIODevice &source) override
     {
+        if (!m_piecesTable && !m_inTransaction) {
+            execute(u"CREATE TEMPORARY TABLE IF NOT EXISTS kx_blob_value (value bytea) ON COMMIT DELETE ROWS"_s);
+            // The value passes through once: no attempt to compress it.
+            execute(u"ALTER TABLE kx_blob_value ALTER value SET STORAGE EXTERNAL"_s);
+            m_piecesTable = true;
+        }
+        const qint64 size = source.size() - source.pos();
+        if (size > std::numeric_limits<qint32>::max())
+            throw DatabaseError(u"SQL-Fehler: %1 Bytes sind zu viel für einen PostgreSQL-Wert (höchstens 1 GB)."_s.arg(size));
         execute(m_inTransaction ? u"SAVEPOINT KX_BLOB"_s : u"BEGIN"_s);
         try {
-            execute(u"CREATE TEMPORARY TABLE kx_blob_pieces (n integer, piece bytea) ON COMMIT DROP"_s);
-            const QByteArray insert = "insert into kx_blob_pieces (n, piece) values ($1::integer, $2)";
-            int n = 0;
-            for (QByteArray chunk = source.read(blobChunk); !chunk.isEmpty(); chunk = source.read(blobChunk)) {
-                const QByteArray number = QByteArray::number(n++);
-                const char *values[] = { number.constData(), chunk.constData() };
-                const int lengths[] = { int(number.size()), int(chunk.size()) };
-                const int formats[] = { 0, 1 };
-                const Oid types[] = { 0, PgBytea };
-                PQclear(check(PQexecParams(m_conn, insert.constData(), 2, types, values, lengths, formats, 0), insert));
-            }
-            if (execute(u"update %1 set %2=coalesce((select string_agg(piece, ''::bytea order by n) from kx_blob_pieces), "
-                        u"''::bytea) where %3"_s.arg(at.table, at.column, at.where()))
+            if (!m_piecesTable) // made inside the caller's transaction, which may still roll it back
+                execute(u"CREATE TEMPORARY TABLE IF NOT EXISTS kx_blob_value (value bytea) ON COMMIT DELETE ROWS"_s);
+            copyIn(source, size);
+            if (execute(u"update %1 set %2=(select value from kx_blob_value) where %3"_s.arg(at.table, at.column, at.where()))
                     .rowsAffected != 1)
                 throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
             if (m_inTransaction) {
-                execute(u"DROP TABLE kx_blob_pieces"_s);
+                execute(u"DELETE FROM kx_blob_value"_s); // the next value of the same transaction starts empty
                 execute(u"RELEASE SAVEPOINT KX_BLOB"_s);
             } else {
                 execute(u"COMMIT"_s);
@@ -160,6 +168,39 @@ public:
         }
     }
 
+    // One row of one field in COPY's binary format: signature, flags, header extension, the
+    // field count, the field's length, its bytes in pieces, the end mark.
+    void copyIn(QIODevice &source, qint64 size)
+    {
+        const QByteArray sql = "COPY kx_blob_value (value) FROM STDIN (FORMAT binary)";
+        PGresult *res = PQexec(m_conn, sql.constData());
+        const bool copying = PQresultStatus(res) == PGRES_COPY_IN;
+        PQclear(copying ? res : check(res, sql));
+        QByteArray head("PGCOPY\n\xFF\r\n\0", 11);
+        char number[4];
+        qToBigEndian<quint32>(0, number), head.append(number, 4); // flags
+        head.append(number, 4);                                     // no header extension
+        qToBigEndian<quint16>(1, number), head.append(number, 2);   // one field
+        qToBigEndian<quint32>(quint32(size), number), head.append(number, 4);
+        bool sent = PQputCopyData(m_conn, head.constData(), int(head.size())) == 1;
+        qint64 left = size;
+        while (sent && left > 0) {
+            const QByteArray piece = source.read(std::min(left, pieceSize));
+            if (piece.isEmpty())
+                break;
+            sent = PQputCopyData(m_conn, piece.constData(), int(piece.size())) == 1;
+            left -= piece.size();
+        }
+        const QByteArray end("\xFF\xFF", 2);
+        sent = sent && left == 0 && PQputCopyData(m_conn, end.constData(), 2) == 1;
+        PQputCopyEnd(m_conn, sent ? nullptr : "the value could not be read");
+        PQclear(check(PQgetResult(m_conn), sql));
+        while (PGresult *rest = PQgetResult(m_conn))
+            PQclear(rest);
+        if (!sent)
+            throw DatabaseError(u"SQL-Fehler: der Wert ließ sich nicht vollständig lesen oder senden: %1"_s.arg(source.errorString()));
+    }
+
     bool readBlob(const BlobLocation &at, QIODevice &target) override
     {
         const SqlResult found = execute(u"select octet_length(%1) from %2 where %3"_s.arg(at.column, at.table, at.where()));
@@ -168,8 +209,8 @@ public:
         const qint64 size = found.rows.front().value(0).toLongLong();
         const QByteArray piece = u"select substring(%1 from $1::int for $2::int) from %2 where %3"_s
                                      .arg(at.column, at.table, at.where()).toUtf8();
-        for (qint64 offset = 0; offset < size; offset += blobChunk) {
-            const QByteArray from = QByteArray::number(offset + 1), count = QByteArray::number(blobChunk);
+        for (qint64 offset = 0; offset < size; offset += pieceSize) {
+            const QByteArray from = QByteArray::number(offset + 1), count = QByteArray::number(pieceSize);
             const char *values[] = { from.constData(), count.constData() };
             PGresult *res = check(PQexecParams(m_conn, piece.constData(), 2, nullptr, values, nullptr, nullptr, 1), piece);
             const int length = PQntuples(res) == 1 ? PQgetlength(res, 0, 0) : 0;
@@ -242,6 +283,7 @@ public:
 
 private:
     bool m_inTransaction = false;
+    bool m_piecesTable = false; // kx_blob_value is made for this session
     QString m_lock; // the key of the lock held, in brackets
 
     static QVariant value(PGresult *res, int row, int column)

@@ -69,6 +69,7 @@ public:
     QString productName() const override { return u"sqlite"_s; }
     int dbSystem() const override { return 2; }
     SqlLexis lexis() const override { return { .bracketNames = true }; }
+    bool blobColumnsLast() const override { return true; }
     QString catalogName(const QString &name) const override { return name; }
     QString tableNamesSql() const override
     {

@@ -35,6 +35,10 @@ public:
     // reads the assignments in order would return false.
     virtual bool updateReadsOldRow() const { return true; }
     virtual SqlLexis lexis() const { return {}; }
+    // Whether binary columns are created after all others. SQLite builds a row's whole record to
+    // write it, and expands a zero-filled value to its full size unless it is the record's last
+    // column: a 100 MB document stored by streaming then took 200 MB of memory.
+    virtual bool blobColumnsLast() const { return false; }
     // Whether the product sorts null above every value (first in a descending order). The
     // connection then states the null order of each ORDER BY item, so that null is the lowest
     // value on every product, as SQLite and Firebird have it.

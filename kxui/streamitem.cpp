@@ -42,45 +42,78 @@ private:
     QByteArray m_bytes;
 };
 
-// Reads the index from memory; every read is checked against what is left of it.
+// What the items read from a pack may take in memory, by the pack's size: a pack of 20 MB with a
+// million empty entries, or with 255 texts to each, took gigabytes. The costs are what one item
+// and one text were measured to take, with the characters of their texts.
+constexpr qint64 itemCost = 1024, textCost = 512;
+qint64 memoryBudget(qint64 packSize)
+{
+    return (qint64(64) << 20) + 8 * packSize;
+}
+
+// Reads the header from memory or the index from the file, a piece at a time, so that an index
+// is checked entry by entry before anything is held for it; every read is checked against what
+// is left.
 class IndexReader
 {
 public:
     IndexReader(const QByteArray &bytes, const QString &fileName)
-        : m_bytes(bytes)
+        : m_buffer(bytes)
         , m_fileName(fileName)
     {
     }
+    IndexReader(QFile &file, qint64 size, const QString &fileName)
+        : m_file(&file)
+        , m_remaining(size)
+        , m_fileName(fileName)
+    {
+    }
+
     template<class T>
     T number()
     {
         need(sizeof(T));
-        const T value = qFromLittleEndian<T>(m_bytes.constData() + m_pos);
+        const T value = qFromLittleEndian<T>(m_buffer.constData() + m_pos);
         m_pos += sizeof(T);
         return value;
     }
+
     template<class Length>
     QString text()
     {
         const qsizetype length = number<Length>();
         need(length);
-        const QString value = QString::fromUtf8(m_bytes.constData() + m_pos, length);
+        const QString value = QString::fromUtf8(m_buffer.constData() + m_pos, length);
         m_pos += length;
         return value;
     }
+
     [[noreturn]] void fail(const QString &reason) const
     {
         throw kx::Error(u"Die Symboldatei %1 ist beschädigt: %2."_s.arg(m_fileName, reason));
     }
+
     void setEntry(int entry) { m_entry = entry; }
 
 private:
-    void need(qsizetype count) const
+    void need(qsizetype count)
     {
-        if (count > m_bytes.size() - m_pos)
+        const qsizetype available = m_buffer.size() - m_pos;
+        if (count > available + m_remaining)
             fail(u"das Verzeichnis endet in Eintrag %1 vorzeitig"_s.arg(m_entry + 1));
+        if (count <= available)
+            return;
+        const QByteArray more = m_file->read(std::min(m_remaining, std::max<qint64>(count - available, 1 << 16)));
+        if (more.size() < count - available)
+            fail(u"die Datei endet in Eintrag %1 vorzeitig"_s.arg(m_entry + 1));
+        m_buffer = m_buffer.mid(m_pos) + more;
+        m_remaining -= more.size();
+        m_pos = 0;
     }
-    const QByteArray &m_bytes;
+
+    QFile *m_file = nullptr;
+    qint64 m_remaining = 0; // index bytes not read from the file yet
+    QByteArray m_buffer;
     const QString &m_fileName;
     qsizetype m_pos = 0;
     int m_entry = 0;
@@ -173,9 +206,16 @@ void TStreamItemManager::LoadFromFile(const QString &fileName)
         head.fail(u"das Verzeichnis (%1 Bytes) ist größer als der Rest der Datei (%2 Bytes)"_s.arg(indexSize).arg(size - headerSize));
     if (qint64(count) * smallestEntry > indexSize)
         head.fail(u"%1 Einträge passen nicht in ein Verzeichnis von %2 Bytes"_s.arg(count).arg(indexSize));
+    const qint64 budget = memoryBudget(size);
+    qint64 cost = qint64(count) * itemCost;
+    const auto overBudget = [&] {
+        head.fail(u"%1 Einträge mit ihren Texten bräuchten mehr als %2 MB Speicher, mehr als eine Symboldatei von %3 MB "
+                  u"braucht"_s.arg(count).arg(budget >> 20).arg(size >> 20));
+    };
+    if (cost > budget)
+        overBudget();
 
-    const QByteArray index = file.read(indexSize);
-    IndexReader reader(index, fileName);
+    IndexReader reader(file, indexSize, fileName);
     const qint64 dataStart = headerSize + indexSize;
     std::vector<std::unique_ptr<TStreamItem>> read;
     read.reserve(count);
@@ -193,6 +233,9 @@ void TStreamItemManager::LoadFromFile(const QString &fileName)
             TTexts text(reader.text<quint8>());
             text.SetName(reader.text<quint16>());
             text.SetCategory(reader.text<quint16>());
+            cost += textCost + 2 * (text.GetLanguageCode().size() + text.GetName().size() + text.GetCategory().size());
+            if (cost > budget)
+                overBudget();
             item->Texts.Add(text);
         }
         item->m_pack = pack;

@@ -241,6 +241,24 @@ TEST_F(SymbolsTest, DamagedPacksAreRefusedWithTheirReason)
     qToLittleEndian<quint16>(2, patched.data() + 8);
     EXPECT_TRUE(refusal(patched).contains(u"Version 2"_s));
 
+    // Well-formed packs whose entries would take far more memory than their size lets expect:
+    // 80,000 empty entries in 1.4 MB, or 2,000 entries of 255 empty texts each in 2.6 MB.
+    for (const auto &[entries, texts] : { std::pair{ 80000, 0 }, std::pair{ 2000, 255 } }) {
+        const qint64 entrySize = 17 + 5 * texts;
+        QByteArray crafted("KXSYMPAK");
+        char number[8];
+        const auto put = [&](auto value) {
+            qToLittleEndian(value, number);
+            crafted.append(number, sizeof value);
+        };
+        put(quint16(1)), put(quint16(0)), put(quint32(entries)), put(quint32(entries * entrySize));
+        for (int e = 0; e < entries; ++e) {
+            put(quint16(0)), put(quint16(0)), put(quint64(20 + entries * entrySize)), put(quint32(0)), put(quint8(texts));
+            crafted.append(QByteArray(5 * texts, '\0'));
+        }
+        EXPECT_TRUE(refusal(crafted).contains(u"MB Speicher"_s)) << refusal(crafted).toStdString();
+    }
+
     QRandomGenerator random(7);
     for (int round = 0; round < 50; ++round) {
         QByteArray noise(int(random.bounded(1, 400)), Qt::Uninitialized);
