@@ -4,7 +4,8 @@ BUILD ?= build
 BENCH ?=
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
-.PHONY: all deps build demo test bench screenshots clean
+.PHONY: all deps build demo test test-sanitize fuzz bench screenshots clean
+FUZZ_SECONDS ?= 60
 
 all: build
 
@@ -27,6 +28,21 @@ demo:
 test: build
 	@./scripts/run-tests.sh $(BUILD)
 
+# The whole suite under AddressSanitizer and UndefinedBehaviorSanitizer, in a build folder of its own.
+test-sanitize: deps
+	cmake -S . -B build-sanitize $(GENERATOR) -DCMAKE_BUILD_TYPE=Debug -DKX_SANITIZE=ON -DKX_BUILD_TESTS=ON -DKX_BUILD_BENCH=OFF
+	cmake --build build-sanitize -j $$(nproc)
+	@KX_SANITIZED=1 ./scripts/run-tests.sh build-sanitize
+
+# Every fuzz target for FUZZ_SECONDS (60) seconds from its seeds in fuzz/corpus; fails on a crash,
+# a leak, a time-out or memory above the limit.
+fuzz:
+	@./scripts/install-deps.sh fuzz
+	cmake -S . -B build-fuzz $(GENERATOR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ -DKX_BUILD_FUZZ=ON \
+	    -DKX_BUILD_TESTS=OFF -DKX_BUILD_BENCH=OFF
+	cmake --build build-fuzz -j $$(nproc) --target fuzzers
+	@./scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
+
 screenshots: build
 	@./scripts/screenshots.sh $(BUILD) docs/screens
 
@@ -34,4 +50,4 @@ bench: build
 	@./scripts/run-bench.sh $(BUILD) $(BENCH)
 
 clean:
-	rm -rf $(BUILD) .dbtest
+	rm -rf $(BUILD) build-sanitize build-fuzz .dbtest

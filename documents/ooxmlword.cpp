@@ -147,7 +147,9 @@ QString writeResult(QXmlStreamWriter &writer, const QString &w, const QString &r
 // first text of the field's result, in that text's run, so it keeps the run's formatting; the
 // other texts, breaks and tabs of the old result go. A result without any text is written
 // before the field's end, in the end's run.
-QByteArray formFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names, QStringList *shown)
+} // namespace
+
+QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names, QStringList *shown)
 {
     struct Field
     {
@@ -213,6 +215,8 @@ QByteArray formFields(const QByteArray &part, const QHash<int, QString> &results
     return out;
 }
 
+namespace {
+
 QString suffixOf(const QString &file)
 {
     return QFileInfo(file).suffix().toLower();
@@ -248,7 +252,7 @@ struct TOoxmlWordApplication::Template
             types->replace("wordprocessingml.template.main+xml", "wordprocessingml.document.main+xml")
                 .replace("ms-word.template.macroEnabledTemplate.main+xml", "ms-word.document.macroEnabled.main+xml");
         QStringList shown;
-        formFields(documentOf(entries, u"Der Vorlage"_s), {}, &names, &shown);
+        ooxmlFillFormFields(documentOf(entries, u"Der Vorlage"_s), {}, &names, &shown);
     }
     QString file;
     ZipEntries entries;
@@ -279,7 +283,7 @@ public:
     void save()
     {
         QStringList names, shown;
-        *partOf(m_entries, documentPart) = formFields(documentOf(m_entries, u"Der Vorlage"_s), m_results, &names, &shown);
+        *partOf(m_entries, documentPart) = ooxmlFillFormFields(documentOf(m_entries, u"Der Vorlage"_s), m_results, &names, &shown);
         writeZip(m_target, m_entries);
     }
     const QString &target() const { return m_target; }
@@ -348,7 +352,7 @@ QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document)
 {
     ZipEntries entries = readZip(document);
     QStringList names, shown;
-    formFields(documentOf(entries, u"Dem Dokument "_s + document), {}, &names, &shown);
+    ooxmlFillFormFields(documentOf(entries, u"Dem Dokument "_s + document), {}, &names, &shown);
     QList<std::pair<QString, QString>> fields;
     for (qsizetype i = 0; i < names.size(); ++i)
         fields.append({ names.at(i), shown.at(i) });

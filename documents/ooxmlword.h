@@ -2,6 +2,7 @@
 
 #include "wordautomation.h"
 
+#include <QHash>
 #include <QList>
 #include <QStringList>
 #include <vector>
@@ -35,3 +36,9 @@ private:
 
 // The legacy text form fields of a document, in document order: name and shown text.
 QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document);
+
+// One pass over a document part (word/document.xml): the part with Results (by the form field's
+// number, from 0) in place of the fields' shown texts, and the fields' names and shown texts as
+// they stand in the part written. Throws kx::Error for a part that is not well-formed XML.
+QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names,
+                               QStringList *shown);

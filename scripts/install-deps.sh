@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs; "all" (the default) adds what the tests, the
-# benchmarks and the database servers need, "demo" only what the demo's program needs.
+# benchmarks and the database servers need, "demo" only what the demo's program needs, "fuzz"
+# the build's packages and clang with libFuzzer.
 # As root it installs what is missing; otherwise it prints the command to run.
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libquazip1-qt6-dev libsane-dev libsqlite3-dev libpq-dev firebird-dev)
-if [ "${1:-all}" != demo ]; then
+if [ "${1:-all}" = fuzz ]; then
+    packages+=(clang libfuzzer-14-dev)
+elif [ "${1:-all}" != demo ]; then
     packages+=(libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase libgtest-dev libbenchmark-dev
                postgresql firebird3.0-server firebird3.0-utils sane-utils librapidcheck-dev)
 fi

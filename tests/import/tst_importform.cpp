@@ -141,8 +141,7 @@ TEST_F(ImportFormTest, DefinitionSavedLoadedAndRun)
     const QString wrong = kxtest::writeFile(m_scratch.filePath(u"falsch.iDef"_s), "Strasse.IMP_FORM=1\r\n");
     {
         ScriptedMessages user({ { u"Die Definition wurde nicht geladen:\r\nDas Feld \"Strasse.IMP_FORM\" *"_s } });
-        chooseFile(form->OpenDialog2, wrong);
-        form->DoOpen->trigger();
+        EXPECT_FALSE(form->LoadDefinition(wrong));
     }
     EXPECT_EQ(assigned(), (QStringList{ u"1"_s, u"2"_s }));
 

@@ -1,0 +1,1 @@
+select $tag$ ; $tag$, E'\'' ; select 1

@@ -1,0 +1,2 @@
+select 'a;b', "x;y" from t -- ; drop
+/* ; */ where a=1;
