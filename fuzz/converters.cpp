@@ -1,5 +1,6 @@
 // The date and number converters: any text converts or is refused; a number written back in the
 // format settings reads as the same number.
+#include "formatsettings.h"
 #include "fuzzsupport.h"
 #include "kxerror.h"
 #include "sqltool.h"

@@ -69,6 +69,9 @@ QDate dateFromFields(const QString &order, const QStringList &numbers, int year)
         else // two-digit years fall into the window 1950-2049
             year = numbers.at(i).size() <= 2 ? number + (number < 50 ? 2000 : 1900) : number;
     }
+    // A date of the databases has a year of four digits: "20234-11-01" is no date to any of them.
+    if (year < 1 || year > 9999)
+        return {};
     return QDate(year, month, day);
 }
 

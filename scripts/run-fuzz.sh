@@ -10,6 +10,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 status=0
 mkdir -p "$build/findings"
 for program in "$build"/fuzz/fuzz_*; do
+    [ -f "$program" ] && [ -x "$program" ] || continue
     name=$(basename "$program")
     name=${name#fuzz_}
     work="$build/corpus/$name"

@@ -84,6 +84,10 @@ TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
         { TCFormatSettings::german(), u"31.02.2026"_s, u""_s },
         { TCFormatSettings::german(), u"11/22/2026"_s, u""_s },
         { TCFormatSettings::german(), u"abc"_s, u""_s },
+        // Found by fuzzing: a five-digit year made "20234-11-01", which no product reads as a date.
+        { TCFormatSettings::german(), u"1.11.20234"_s, u""_s },
+        { TCFormatSettings::german(), u"1.11.0"_s, u"2000-11-01"_s },
+        { TCFormatSettings::german(), u"1.11.000"_s, u""_s },
         { TCFormatSettings::german(), u""_s, u""_s },
         { TCFormatSettings::english(), u"11/22/2026"_s, u"2026-11-22"_s },
         { TCFormatSettings::english(), u"22.11.2026"_s, u""_s },
