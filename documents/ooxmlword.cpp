@@ -87,7 +87,13 @@ void writeZip(const QString &file, const ZipEntries &entries)
 void copyToken(const QXmlStreamReader &xml, QXmlStreamWriter &writer, QString &wordPrefix)
 {
     if (xml.isStartDocument()) {
-        writer.writeStartDocument(xml.documentVersion().toString(), xml.isStandaloneDocument());
+        // A part without a declaration keeps none (the reader reports an empty version for it).
+        if (!xml.documentVersion().isEmpty()) {
+            if (xml.isStandaloneDocument())
+                writer.writeStartDocument(xml.documentVersion().toString(), true);
+            else
+                writer.writeStartDocument(xml.documentVersion().toString());
+        }
     } else if (xml.isStartElement()) {
         writer.writeStartElement(xml.qualifiedName().toString());
         for (const QXmlStreamNamespaceDeclaration &ns : xml.namespaceDeclarations()) {

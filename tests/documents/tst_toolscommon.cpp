@@ -17,6 +17,7 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <QXmlStreamReader>
 #include <QFile>
 #include <QWidget>
 
@@ -289,6 +290,21 @@ TEST_F(ToolsCommonTest, FormFieldsInEveryArrangementOfRuns)
         EXPECT_TRUE(inBoldRun.match(QString::fromUtf8(zipEntry(made, u"word/document.xml"_s))).hasMatch());
         QFile::remove(made);
     }
+}
+
+// Found by fuzzing: a part without an XML declaration came back with an invalid one
+// (version=""), which no word processor opens.
+TEST(OoxmlFormFields, APartWithoutDeclarationStaysWellFormed)
+{
+    const QByteArray part = R"(<w:document xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"><w:body><w:p>)"
+                            + QByteArray(standardFormField).replace("%1", "Name1") + "</w:p></w:body></w:document>";
+    QStringList names, shown;
+    const QByteArray filled = ooxmlFillFormFields(part, { { 0, u"Müller"_s } }, &names, &shown);
+    QXmlStreamReader check(filled);
+    while (!check.atEnd())
+        check.readNext();
+    EXPECT_FALSE(check.hasError()) << filled.toStdString();
+    EXPECT_EQ(shown, QStringList{ u"Müller"_s });
 }
 
 } // namespace
