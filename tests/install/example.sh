@@ -12,7 +12,9 @@ objdump -p "$work/prefix/lib/libkxcommon.so" | grep -q 'SONAME *libkxcommon.so.0
 PKG_CONFIG_PATH="$work/prefix/lib/pkgconfig" pkg-config --cflags --libs kxcommon | grep -q -- '-lkxcommon'
 cmake -S "$source/examples/hello" -B "$work/example" -DCMAKE_PREFIX_PATH="$work/prefix" >/dev/null
 cmake --build "$work/example" >/dev/null
-output=$(LD_LIBRARY_PATH="$work/prefix/lib" "$work/example/kxcommon-hello" "sqlite:$work/hello.db")
+# A sanitizer build's library wants its runtime loaded first; the example is built without it.
+preload=$(ldd "$work/prefix/lib/libkxcommon.so" | awk '/libasan|libubsan/ {print $3}' | paste -sd: -)
+output=$(LD_PRELOAD="$preload" LD_LIBRARY_PATH="$work/prefix/lib" "$work/example/kxcommon-hello" "sqlite:$work/hello.db")
 echo "$output"
 grep -q '^Brand, 1 h 20 min: ' <<<"$output"
 grep -q '^Straße: Hauptstraße, Hausnummer: 12a, Zusatz: Hinterhaus$' <<<"$output"
