@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+#include <optional>
 #include <quazip.h>
 #include <quazipfile.h>
 
@@ -82,9 +83,40 @@ void writeZip(const QString &file, const ZipEntries &entries)
     zip.close();
 }
 
+// The prefix of the word-processing namespace at each open element ("w:", "" for the default
+// namespace, null where none is in scope), so that a new result's elements are written with a
+// prefix that holds where they stand. Declarations may come and go on any element.
+class WordPrefixes
+{
+public:
+    // The prefix in scope for a new sibling of the reader's current element.
+    std::optional<QString> current() const { return scopes.isEmpty() ? std::nullopt : scopes.last(); }
+
+    void enter(const QXmlStreamReader &xml)
+    {
+        std::optional<QString> prefix = current();
+        for (const QXmlStreamNamespaceDeclaration &ns : xml.namespaceDeclarations()) {
+            const QString declared = ns.prefix().isEmpty() ? u""_s : ns.prefix().toString() + u':';
+            if (ns.namespaceUri() == wordNamespace)
+                prefix = declared;
+            else if (prefix == declared)
+                prefix.reset();
+        }
+        scopes.append(prefix);
+    }
+    void leave()
+    {
+        if (!scopes.isEmpty())
+            scopes.removeLast();
+    }
+
+private:
+    QList<std::optional<QString>> scopes;
+};
+
 // Copies the reader's token with the prefixes as written: Qt's writer would give elements
 // prefixes of its own, which word processors do not all accept.
-void copyToken(const QXmlStreamReader &xml, QXmlStreamWriter &writer, QString &wordPrefix)
+void copyToken(const QXmlStreamReader &xml, QXmlStreamWriter &writer, WordPrefixes &prefixes)
 {
     if (xml.isStartDocument()) {
         // A part without a declaration keeps none (the reader reports an empty version for it).
@@ -99,13 +131,13 @@ void copyToken(const QXmlStreamReader &xml, QXmlStreamWriter &writer, QString &w
         for (const QXmlStreamNamespaceDeclaration &ns : xml.namespaceDeclarations()) {
             const QString prefix = ns.prefix().toString();
             writer.writeAttribute(prefix.isEmpty() ? u"xmlns"_s : u"xmlns:"_s + prefix, ns.namespaceUri().toString());
-            if (ns.namespaceUri() == wordNamespace)
-                wordPrefix = prefix.isEmpty() ? QString() : prefix + u':';
         }
         for (const QXmlStreamAttribute &attribute : xml.attributes())
             writer.writeAttribute(attribute.qualifiedName().toString(), attribute.value().toString());
+        prefixes.enter(xml);
     } else if (xml.isEndElement()) {
         writer.writeEndElement();
+        prefixes.leave();
     } else {
         writer.writeCurrentToken(xml);
     }
@@ -119,8 +151,14 @@ bool isWord(const QXmlStreamReader &xml, QLatin1StringView name)
 // Writes a field's result as runs' content: its text in w:t elements, a line break (CR LF, LF,
 // CR or the word processor's vertical tab) as w:br, a tab as w:tab; characters XML cannot hold
 // are left out. Returns the result as it will read back.
-QString writeResult(QXmlStreamWriter &writer, const QString &w, const QString &result)
+QString writeResult(QXmlStreamWriter &writer, const std::optional<QString> &prefix, const QString &result)
 {
+    // Where no prefix names the namespace, each element declares one of its own.
+    const QString w = prefix.value_or(u"w:"_s);
+    const auto declare = [&] {
+        if (!prefix)
+            writer.writeAttribute(u"xmlns:w"_s, wordNamespace);
+    };
     QString text = result;
     text.replace(u"\r\n"_s, u"\v"_s).replace(u'\n', u'\v').replace(u'\r', u'\v');
     QString shown, piece;
@@ -128,6 +166,7 @@ QString writeResult(QXmlStreamWriter &writer, const QString &w, const QString &r
         if (piece.isEmpty())
             return;
         writer.writeStartElement(w + u"t"_s);
+        declare();
         writer.writeAttribute(u"xml:space"_s, u"preserve"_s);
         writer.writeCharacters(piece);
         writer.writeEndElement();
@@ -137,6 +176,7 @@ QString writeResult(QXmlStreamWriter &writer, const QString &w, const QString &r
         if (c == u'\v' || c == u'\t') {
             flush();
             writer.writeEmptyElement(w + (c == u'\v' ? u"br"_s : u"tab"_s));
+            declare();
             shown += c;
         } else if (c.unicode() >= 0x20 && c.unicode() != 0xFFFE && c.unicode() != 0xFFFF) {
             piece += c;
@@ -166,7 +206,7 @@ QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString>
     QXmlStreamReader xml(part);
     QByteArray out;
     QXmlStreamWriter writer(&out);
-    QString w = u"w:"_s; // the prefix the part gives the word-processing namespace
+    WordPrefixes prefixes;
     QList<Field> fields; // the open complex fields, innermost last
     bool inBegin = false, inText = false;
     int skipped = 0; // the depth of an element of an old result that is left out
@@ -188,7 +228,7 @@ QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString>
                 field->separated = true;
             } else if (type == u"end"_s && field) {
                 if (replacing && !field->written)
-                    (*shown)[field->index] = writeResult(writer, w, results.value(field->index));
+                    (*shown)[field->index] = writeResult(writer, prefixes.current(), results.value(field->index));
                 fields.removeLast();
             }
         } else if (xml.isEndElement() && isWord(xml, "fldChar"_L1)) {
@@ -200,7 +240,7 @@ QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString>
         } else if (replacing && xml.isStartElement()
                    && (isWord(xml, "t"_L1) || isWord(xml, "br"_L1) || isWord(xml, "cr"_L1) || isWord(xml, "tab"_L1))) {
             if (isWord(xml, "t"_L1) && !field->written) {
-                (*shown)[field->index] = writeResult(writer, w, results.value(field->index));
+                (*shown)[field->index] = writeResult(writer, prefixes.current(), results.value(field->index));
                 field->written = true;
             }
             skipped = 1;
@@ -214,7 +254,7 @@ QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString>
         } else if (xml.isCharacters() && inText && inResult) {
             (*shown)[field->index] += xml.text();
         }
-        copyToken(xml, writer, w);
+        copyToken(xml, writer, prefixes);
     }
     if (xml.hasError())
         throw kx::Error(u"Der Dokumentteil %1 ist kein gültiges XML: %2"_s.arg(documentPart, xml.errorString()));

