@@ -98,7 +98,7 @@ public:
         for (const QXmlStreamNamespaceDeclaration &ns : xml.namespaceDeclarations()) {
             const QString declared = ns.prefix().isEmpty() ? u""_s : ns.prefix().toString() + u':';
             if (ns.namespaceUri() == wordNamespace)
-                prefix = declared;
+                prefix = isName(ns.prefix()) ? std::optional(declared) : std::nullopt;
             else if (prefix == declared)
                 prefix.reset();
         }
@@ -111,6 +111,19 @@ public:
     }
 
 private:
+    // Qt's reader takes a declared prefix that is no XML name ("7") but refuses it on an element,
+    // so such a prefix is not used for new elements.
+    static bool isName(QStringView prefix)
+    {
+        for (qsizetype i = 0; i < prefix.size(); ++i) {
+            const QChar c = prefix[i];
+            const bool letter = c.isLetter() || c == u'_' || c.unicode() >= 0x80;
+            if (!letter && (i == 0 || !(c.isDigit() || c == u'-' || c == u'.')))
+                return false;
+        }
+        return true; // the empty prefix: the default namespace
+    }
+
     QList<std::optional<QString>> scopes;
 };
 

@@ -307,6 +307,8 @@ TEST(OoxmlFormFields, FilledPartsStayWellFormed)
         { "without a declaration", "<w:document xmlns:w=\"" + ns + "\"><w:body><w:p>" + field + "</w:p></w:body></w:document>" },
         { "a second prefix declared in a sibling that ended before the field",
           "<w:document xmlns:w=\"" + ns + "\"><w:body><x:p xmlns:x=\"" + ns + "\"/><w:p>" + field + "</w:p></w:body></w:document>" },
+        { "a prefix that is no name, which the reader takes in a declaration only",
+          "<w:document xmlns:w=\"" + ns + "\"><w:body><w:p xmlns:7=\"" + ns + "\">" + field + "</w:p></w:body></w:document>" },
         { "the namespace as the default", "<document xmlns:w=\"" + ns + "\" xmlns=\"" + ns + "\"><body><p>"
               + QByteArray(field).replace("<w:", "<").replace("</w:", "</") + "</p></body></document>" },
         { "the prefix declared on the field's end itself",
