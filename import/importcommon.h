@@ -104,6 +104,16 @@ struct TImportProgress
 // One run of the import (the start button). Questions and messages go through MsgDlg; an error
 // outside the guarded places ends the run and goes on to the caller, with what was written
 // staying written.
+// How often the run commits: after this many lines or this much time, whichever comes first,
+// and after a line whose child row was committed explicitly. Lines = 0 runs statement by
+// statement without any transaction, every statement committing on its own; a line is then not
+// atomic (for comparison only).
+struct TImportBatch
+{
+    int Lines = 1000;
+    int Milliseconds = 1000;
+};
+
 class TImportRun
 {
 public:
@@ -119,6 +129,7 @@ public:
     TNotifyImportBeforeInsert OnBeforeInsert;
     TNotifyImportAfterUpdateRecord OnAfterUpdateRecord;
     TImportProgress Progress;
+    TImportBatch Batch;
 
     void Execute();
     const TImportSummary &summary() const { return m_summary; }
@@ -141,6 +152,7 @@ private:
     QString m_line;
     qint64 m_lineNumber = 0;
     QString m_mainId;
+    bool m_commitAfterLine = false; // the line committed a child row explicitly
 };
 
 // The definition of a table to import into: the package's own definition when it knows the

@@ -1,8 +1,9 @@
 // The import run: every line of the file into one main row and the child rows, one UPDATE per
 // value, so that a value the database refuses is reported and the rest of the line still lands.
-// Each line is one transaction: a run that ends or is killed leaves whole lines only. The
-// guarded statements run under a savepoint, so a refused one is undone alone (on PostgreSQL a
-// failed statement would otherwise end the line's transaction).
+// Lines are written in batches, each one transaction committed after a number of lines or a
+// time (a commit per statement would make the disk's latency the pace). Each line is a savepoint
+// in its batch: a run that ends keeps the whole lines before it, a killed one leaves whole lines
+// only. A guarded statement fails alone (kx::StatementGuard).
 #include "importcommon.h"
 
 #include "dataaccess.h"
@@ -15,6 +16,7 @@
 #include "strtools.h"
 #include "textfile.h"
 
+#include <QElapsedTimer>
 #include <QScopeGuard>
 #include <algorithm>
 
@@ -162,23 +164,55 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
     call(Progress.SetPosition, qint64(0));
     kx::TextLineReader reader(FileName);
     m_lineNumber = 0;
-    while (reader.readLine(m_line)) {
-        ++m_lineNumber;
-        ++m_summary.LinesRead;
-        call(Progress.Step);
-        call(Progress.ProcessMessages);
-        m_line += u';';
-        kx::SqlTransaction line;
-        for (qsizetype t = 0; t < TableList.size(); ++t) {
-            const QString &table = TableList[t].first;
-            if (t == 0) {
-                m_mainId = mainRowId(table, keyField, keyColumn);
-                UpdateImportRecord(table, m_mainId);
-            } else if (assignedTables.contains(table, Qt::CaseInsensitive)) {
-                UpdateImportRecord(table, u"-99"_s);
+    std::optional<kx::SqlTransaction> batch;
+    QElapsedTimer batchAge;
+    int batchLines = 0;
+    try {
+        while (reader.readLine(m_line)) {
+            ++m_lineNumber;
+            ++m_summary.LinesRead;
+            call(Progress.Step);
+            call(Progress.ProcessMessages);
+            m_line += u';';
+            if (Batch.Lines > 0 && !batch) {
+                batch.emplace();
+                batchAge.start();
+                batchLines = 0;
+            }
+            m_commitAfterLine = false;
+            std::optional<kx::SqlTransaction> line;
+            if (batch)
+                line.emplace();
+            for (qsizetype t = 0; t < TableList.size(); ++t) {
+                const QString &table = TableList[t].first;
+                if (t == 0) {
+                    m_mainId = mainRowId(table, keyField, keyColumn);
+                    UpdateImportRecord(table, m_mainId);
+                } else if (assignedTables.contains(table, Qt::CaseInsensitive)) {
+                    UpdateImportRecord(table, u"-99"_s);
+                }
+            }
+            if (line)
+                line->commit();
+            if (batch && (++batchLines >= Batch.Lines || batchAge.elapsed() >= Batch.Milliseconds || m_commitAfterLine)) {
+                batch->commit();
+                batch.reset();
             }
         }
-        line.commit();
+        if (batch)
+            batch->commit();
+    } catch (const std::exception &ending) {
+        // The error ends the run; the line it came in is undone (its savepoint, left above), the
+        // whole lines before it stay.
+        if (batch) {
+            try {
+                batch->commit();
+            } catch (const std::exception &lost) {
+                writeErrorLog(u"Import: die Zeilen vor Zeile %1 ließen sich nicht bestätigen: %2"_s.arg(m_lineNumber).arg(
+                    QString::fromUtf8(lost.what())));
+            }
+        }
+        throw;
     }
 }
 
@@ -190,7 +224,7 @@ QString TImportRun::mainRowId(const QString &table, const QString &keyField, int
         return id;
     }
     try {
-        kx::SqlTransaction guard(kx::SqlTransaction::Outside::Nothing);
+        kx::StatementGuard guard;
         TCSqlQuery lookup;
         lookup.Connection = compSqlConnection;
         lookup.SQL.Add(u"Select id from "_s + table);
@@ -300,13 +334,16 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
             // The first written value of a child table makes the child row of this line.
             InsertImportRecord(table, u"ID"_s, u"IDParent"_s, id, m_mainId);
             runStatement({ u"Commit"_s });
+            // Deliberate: inside a batch the commit waits for the end of this line, which stays
+            // whole; the batch so far is committed then.
+            m_commitAfterLine = true;
         }
         lines << u"Where id ='"_s + sqlConvertString(id) + u'\'';
         TCSqlQuery update;
         update.Connection = compSqlConnection;
         update.SQL.Assign(lines);
         try {
-            kx::SqlTransaction guard(kx::SqlTransaction::Outside::Nothing);
+            kx::StatementGuard guard;
             update.ExecSQL();
             guard.commit();
         } catch (const kx::Error &error) {

@@ -86,7 +86,10 @@ public:
     {
         if (!m_conn)
             throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s, sql);
-        PGresult *res = PQexec(m_conn, sql.toUtf8().constData());
+        // Savepoints waiting to be set or released go first, in the same round trip.
+        const QByteArray text = m_pending.isEmpty() ? sql.toUtf8() : (m_pending.join(u"; "_s) + u"; "_s + sql).toUtf8();
+        m_pending.clear();
+        PGresult *res = PQexec(m_conn, text.constData());
         const ExecStatusType status = PQresultStatus(res);
         if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) {
             const QString native = QString::fromUtf8(PQresultErrorMessage(res)).trimmed();
@@ -179,6 +182,7 @@ public:
 
     void writeInOneStatement(const BlobLocation &at, QIODevice &source, qint64 size)
     {
+        sendPending();
         const QByteArray value = source.read(size);
         if (value.size() != size)
             throw DatabaseError(u"SQL-Fehler: der Wert ließ sich nicht vollständig lesen: %1"_s.arg(source.errorString()));
@@ -197,6 +201,7 @@ public:
     // field count, the field's length, its bytes in pieces, the end mark.
     void copyIn(QIODevice &source, qint64 size)
     {
+        sendPending();
         const QByteArray sql = "COPY kx_blob_value (value) FROM STDIN (FORMAT binary)";
         PGresult *res = PQexec(m_conn, sql.constData());
         const bool copying = PQresultStatus(res) == PGRES_COPY_IN;
@@ -276,10 +281,40 @@ public:
         m_inTransaction = true;
     }
 
+    // A savepoint is set and released with the next statement that reaches the server: a guarded
+    // statement then costs one round trip, not three. One set and released with no statement in
+    // between is never sent.
+    void setSavepoint(const QString &name) override { m_pending << u"SAVEPOINT "_s + name; }
+    void releaseSavepoint(const QString &name) override
+    {
+        if (!m_pending.isEmpty() && m_pending.last() == u"SAVEPOINT "_s + name)
+            m_pending.removeLast();
+        else
+            m_pending << u"RELEASE SAVEPOINT "_s + name;
+    }
+    void rollbackToSavepoint(const QString &name) override
+    {
+        if (const qsizetype unsent = m_pending.lastIndexOf(u"SAVEPOINT "_s + name); unsent >= 0) {
+            m_pending.resize(unsent); // nothing since it reached the server
+            return;
+        }
+        execute(u"ROLLBACK TO SAVEPOINT "_s + name);
+        execute(u"RELEASE SAVEPOINT "_s + name);
+    }
+
+    // Sends what waits before a statement that cannot carry it (a parameterised one, COPY).
+    void sendPending()
+    {
+        if (!m_pending.isEmpty())
+            execute(u"SELECT 1"_s);
+    }
+
     // A transaction in which a statement failed answers COMMIT with a rollback, not an error.
+    // Savepoints still waiting are all released by then.
     void commitTransaction() override
     {
         m_inTransaction = false;
+        m_pending.clear();
         PGresult *res = PQexec(m_conn, "COMMIT");
         const bool committed = PQresultStatus(res) == PGRES_COMMAND_OK && qstrcmp(PQcmdStatus(res), "COMMIT") == 0;
         const QString native = committed ? QString() : QString::fromUtf8(PQerrorMessage(m_conn)).trimmed();
@@ -295,6 +330,7 @@ public:
     void rollbackTransaction() noexcept override
     {
         m_inTransaction = false;
+        m_pending.clear();
         if (m_conn && PQtransactionStatus(m_conn) != PQTRANS_IDLE)
             PQclear(PQexec(m_conn, "ROLLBACK"));
     }
@@ -308,6 +344,7 @@ public:
 
 private:
     bool m_inTransaction = false;
+    QStringList m_pending; // savepoint statements not sent yet
     bool m_piecesTable = false; // kx_blob_value is made for this session
     QString m_lock; // the key of the lock held, in brackets
 

@@ -242,7 +242,7 @@ void TCSqlConnection::beginTransaction()
                                     u"gehört in die Transaktion."_s);
         m_driver->beginTransaction();
     } else {
-        m_driver->execute(u"SAVEPOINT "_s + savepointName());
+        m_driver->setSavepoint(savepointName());
     }
     ++m_transactionDepth;
 }
@@ -253,7 +253,7 @@ void TCSqlConnection::commitTransaction()
         throw kx::DatabaseError(u"Es ist keine Transaktion offen, die bestätigt werden könnte."_s);
     if (m_transactionDepth > 1) {
         --m_transactionDepth;
-        m_driver->execute(u"RELEASE SAVEPOINT "_s + savepointName());
+        m_driver->releaseSavepoint(savepointName());
         return;
     }
     m_transactionDepth = 0;
@@ -267,8 +267,7 @@ void TCSqlConnection::rollbackTransaction() noexcept
         return;
     if (--m_transactionDepth > 0) {
         try {
-            m_driver->execute(u"ROLLBACK TO SAVEPOINT "_s + savepointName());
-            m_driver->execute(u"RELEASE SAVEPOINT "_s + savepointName());
+            m_driver->rollbackToSavepoint(savepointName());
             return;
         } catch (const std::exception &) {
             // Deliberate: a savepoint that cannot be rolled back to (a lost connection) takes the
@@ -383,6 +382,18 @@ SqlTraceCapture::SqlTraceCapture(TCSqlConnection *connection)
 SqlTraceCapture::~SqlTraceCapture()
 {
     QObject::disconnect(m_connection);
+}
+
+StatementGuard::StatementGuard(TCSqlConnection *connection)
+{
+    if (connection->inTransaction() && connection->dialect().failedStatementEndsTransaction())
+        m_savepoint.emplace(connection);
+}
+
+void StatementGuard::commit()
+{
+    if (m_savepoint)
+        m_savepoint->commit();
 }
 
 } // namespace kx

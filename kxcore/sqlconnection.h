@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
 namespace kx {
 class SqlDialect;
@@ -138,6 +139,21 @@ public:
 private:
     TCSqlConnection *m_connection;
     bool m_open = false;
+};
+
+// Lets a refused statement fail alone inside the open caller transaction: a savepoint where a
+// failed statement would end the transaction (PostgreSQL), nothing where the product undoes the
+// failed statement by itself and goes on (SQLite, Firebird) or outside a transaction. Each
+// statement it guards must be one that either takes effect whole or not at all. Commit when they
+// succeeded; otherwise what the savepoint covers is undone.
+class StatementGuard
+{
+public:
+    explicit StatementGuard(TCSqlConnection *connection = compSqlConnection);
+    void commit();
+
+private:
+    std::optional<SqlTransaction> m_savepoint;
 };
 
 // Records every statement text while it lives (for tests and the command line's trace).

@@ -168,6 +168,7 @@ public:
         return { .dollarQuotes = true, .escapeStrings = true, .nestedComments = true };
     }
     bool nullsSortHigh() const override { return true; }
+    bool failedStatementEndsTransaction() const override { return true; }
     int maxIdentifierLength() const override { return 63; }
     QString catalogName(const QString &name) const override { return name.toLower(); }
     QString tableNamesSql() const override

@@ -43,6 +43,10 @@ public:
     // connection then states the null order of each ORDER BY item, so that null is the lowest
     // value on every product, as SQLite and Firebird have it.
     virtual bool nullsSortHigh() const { return false; }
+    // Whether a failed statement leaves the open transaction unusable until it is rolled back
+    // (PostgreSQL). SQLite and Firebird undo the failed statement alone and go on, so a statement
+    // there needs no savepoint of its own to fail without taking its transaction along.
+    virtual bool failedStatementEndsTransaction() const { return false; }
 
     // The product's column type for a type text of a table definition ("Varchar(43)", "Date", ...).
     QString columnType(const QString &definitionType) const;

@@ -47,6 +47,15 @@ public:
     // Takes the named lock for the rest of the open transaction: it goes with the commit or the
     // rollback, and another connection asking for it waits until then. Several may be held.
     virtual void acquireTransactionLock(const QString &name) = 0;
+    // Savepoints inside the caller transaction. A driver may send the setting and the release
+    // with the next statement instead of on their own, as long as the order stays.
+    virtual void setSavepoint(const QString &name) { execute(QStringLiteral("SAVEPOINT ") + name); }
+    virtual void releaseSavepoint(const QString &name) { execute(QStringLiteral("RELEASE SAVEPOINT ") + name); }
+    virtual void rollbackToSavepoint(const QString &name)
+    {
+        execute(QStringLiteral("ROLLBACK TO SAVEPOINT ") + name);
+        execute(QStringLiteral("RELEASE SAVEPOINT ") + name);
+    }
 
     // Streams Source, from its position to its end, into the location in pieces, in one
     // transaction (the caller's while one is open), never through a statement's text; the row
