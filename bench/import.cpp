@@ -1,7 +1,9 @@
 // The import of a file with 6 assigned columns and a key column into a table whose key field is
-// indexed: (a) the run against sending the same statement texts straight through the connection,
-// (b) the cost per line at 100,000 lines against 1,000 lines and (c) the peak memory of the
-// headless import (the kxcommon program) at 100,000 lines against 1,000 lines.
+// indexed: (a) the run against sending the same statement texts straight through the connection
+// in transactions of the same size, (b) the cost per line at 100,000 lines against 1,000 lines
+// and (c) the peak memory of the headless import (the kxcommon program) at 100,000 lines against
+// 1,000 lines; then the batched run against the statement-by-statement run on 100,000 lines
+// (import-batch) and against the product's own bulk load of the same file (import-floor).
 #include "benchsupport.h"
 #include "emptydatabase.h"
 
@@ -11,6 +13,7 @@
 #include "sqlconnection.h"
 
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
@@ -75,9 +78,10 @@ QString writeDefinition(const QString &folder)
     return name;
 }
 
-void runInProcess(TCDataAccess *access, const QString &file)
+void runInProcess(TCDataAccess *access, const QString &file, TImportBatch batch = {})
 {
     TImportRun run = importRunFor(access, 0, benchDefinition(), file);
+    run.Batch = batch;
     run.Execute();
     if (!run.summary().Finished || !run.summary().ColumnErrors.isEmpty()) {
         QTextStream(stderr) << "BENCH import: the run did not finish cleanly\n";
@@ -125,6 +129,63 @@ void emptyTable()
     compSqlConnection->execute(u"delete from "_s + table);
 }
 
+void runTool(const QString &program, const QStringList &arguments, const QByteArray &input = {})
+{
+    QProcess tool;
+    tool.start(program, arguments);
+    tool.write(input);
+    tool.closeWriteChannel();
+    if (!tool.waitForFinished(-1) || tool.exitCode() != 0 || tool.exitStatus() != QProcess::NormalExit) {
+        QTextStream(stderr) << "BENCH import-floor: " << program << " failed: " << tool.readAllStandardError() << '\n';
+        std::exit(1);
+    }
+}
+
+// The file loaded by the product's own bulk path into a table of six text columns, in one
+// transaction: sqlite3's .import, psql's \copy, and for Firebird an isql script of inserts.
+// Returns the seconds the tool ran; the script for Firebird is written before the clock starts.
+double bulkLoad(const QString &product, const QString &connection, const QString &file, const QString &folder)
+{
+    QStringList columns;
+    for (int i = 1; i <= 6; ++i)
+        columns << u"C%1 Varchar(60)"_s.arg(i);
+    compSqlConnection->execute(u"create table BENCH_FLOOR ("_s + columns.join(u", "_s) + u')');
+    if (product == u"sqlite"_s) {
+        compSqlConnection->Close(); // the tool writes the file alone
+        const QByteArray commands = ".mode csv\n.separator ;\n.import '" + file.toUtf8() + "' BENCH_FLOOR\n";
+        const double seconds = kxbench::seconds([&] { runTool(u"sqlite3"_s, { connection.mid(7) }, commands); });
+        compSqlConnection->Open(connection);
+        return seconds;
+    }
+    const kx::ConnectionParameters p = TCSqlConnection::parseConnectionString(connection);
+    if (product == u"postgres"_s) {
+        const QString target = u"host=%1 port=%2 user=%3 dbname=%4"_s.arg(p.host).arg(p.port).arg(p.user, p.database);
+        return kxbench::seconds([&] {
+            runTool(u"psql"_s, { u"-q"_s, target, u"-c"_s,
+                                 u"\\copy bench_floor from '%1' with (format csv, delimiter ';')"_s.arg(file) });
+        });
+    }
+    const QString script = folder + u"/floor.sql"_s;
+    {
+        QFile in(file), out(script);
+        in.open(QIODevice::ReadOnly);
+        out.open(QIODevice::WriteOnly);
+        out.write("SET AUTODDL OFF;\n");
+        while (!in.atEnd()) {
+            const QList<QByteArray> values = in.readLine().trimmed().split(';');
+            QByteArray row = "INSERT INTO BENCH_FLOOR VALUES (";
+            for (qsizetype i = 0; i < values.size(); ++i)
+                row += (i ? ",'" : "'") + QByteArray(values[i]).replace('\'', "''") + '\'';
+            out.write(row + ");\n");
+        }
+        out.write("COMMIT;\n");
+    }
+    const QString target = u"%1/%2:%3"_s.arg(p.host).arg(p.port).arg(p.database);
+    return kxbench::seconds([&] {
+        runTool(u"isql-fb"_s, { u"-q"_s, u"-u"_s, p.user, u"-p"_s, p.password, u"-i"_s, script, target });
+    });
+}
+
 void runProduct(const QString &product, QTextStream &out)
 {
     QTemporaryDir scratch;
@@ -139,7 +200,8 @@ void runProduct(const QString &product, QTextStream &out)
         return text == u"Wollen Sie die bisherigen Daten leeren?"_s ? int(mrNo) : int(mrYes);
     });
 
-    // (a) The run and the same statements sent directly, on a table filled to the same size.
+    // (a) The run and the same statements sent directly in transactions of the run's batch size
+    // (eight statements a line), on a table filled to the same size.
     const int sizeA = 10000;
     const QString fileA = writeData(scratch.path(), sizeA);
     QStringList statements;
@@ -153,15 +215,19 @@ void runProduct(const QString &product, QTextStream &out)
     const double run = kxbench::seconds([&] { runInProcess(&access, fileA); });
     emptyTable();
     const double direct = kxbench::seconds([&] {
-        for (const QString &sql : std::as_const(statements))
-            compSqlConnection->execute(sql);
+        const qsizetype perBatch = 8 * TImportBatch{}.Lines;
+        for (qsizetype from = 0; from < statements.size(); from += perBatch) {
+            kx::SqlTransaction batch;
+            for (qsizetype i = from; i < std::min(from + perBatch, statements.size()); ++i)
+                compSqlConnection->execute(statements[i]);
+            batch.commit();
+        }
     });
     out << "BENCH import " << product << " ratio=" << QString::number(run / direct, 'f', 3)
-        << " import run over the same " << statements.size() << " statements sent directly (" << sizeA
+        << " import run over the same " << statements.size() << " statements sent directly in batches (" << sizeA
         << " lines x 6 columns, key look-up on an indexed field): " << QString::number(run, 'f', 2) << " s vs "
         << QString::number(direct, 'f', 2) << " s, " << QString::number(sizeA / run, 'f', 0) << " lines/s\n";
     out.flush();
-    setMsgDlgHandler(previous);
 
     // (b) and (c) The headless import in a process of its own, on an empty table each time.
     const QString definitionFile = writeDefinition(scratch.path());
@@ -184,6 +250,26 @@ void runProduct(const QString &product, QTextStream &out)
         << " peak memory of the headless import, 100000 over 1000 lines: " << runs[100000].peakKiB / 1024 << " MiB vs "
         << runs[1000].peakKiB / 1024 << " MiB\n";
     out.flush();
+
+    // import-batch and import-floor, on the 100,000-line file.
+    const int sizeBatch = 100000;
+    const QString fileBatch = scratch.path() + u"/daten%1.csv"_s.arg(sizeBatch);
+    emptyTable();
+    const double batched = kxbench::seconds([&] { runInProcess(&access, fileBatch); });
+    emptyTable();
+    const double single = kxbench::seconds([&] { runInProcess(&access, fileBatch, { 0, 0 }); });
+    out << "BENCH import-batch " << product << " ratio=" << QString::number(batched / single, 'f', 3)
+        << " batched run over the statement-by-statement run, " << sizeBatch << " lines x 6 columns, key look-up on an "
+        << "indexed field: " << QString::number(batched, 'f', 2) << " s vs " << QString::number(single, 'f', 2) << " s, "
+        << QString::number(sizeBatch / batched, 'f', 0) << " vs " << QString::number(sizeBatch / single, 'f', 0)
+        << " lines/s\n";
+    out.flush();
+    const double bulk = bulkLoad(product, connection, fileBatch, scratch.path());
+    out << "BENCH import-floor " << product << " ratio=" << QString::number(batched / bulk, 'f', 3)
+        << " batched run over the product's bulk load of the same file into six text columns: "
+        << QString::number(batched, 'f', 2) << " s vs " << QString::number(bulk, 'f', 2) << " s\n";
+    out.flush();
+    setMsgDlgHandler(previous);
     compSqlConnection->Close();
 }
 

@@ -135,7 +135,9 @@ void TImportRun::Execute()
     int keyColumn = -1;
     if (!DatabaseKey.isEmpty() && !ImportKey.isEmpty()) {
         for (const TImportField &field : std::as_const(Fields)) {
-            if (field.Caption == DatabaseKey) {
+            // As the definition is checked: a catalog may spell names in another case (PostgreSQL
+            // gives them in lower case), and a definition must fit every product.
+            if (field.Caption.compare(DatabaseKey, Qt::CaseInsensitive) == 0) {
                 keyField = field.SubItems[TImportField::Field];
                 break;
             }

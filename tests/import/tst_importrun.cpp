@@ -8,7 +8,10 @@
 #include "scratchfiles.h"
 #include "testdatabase.h"
 
+#include <QProcess>
 #include <QRegularExpression>
+#include <QThread>
+#include <random>
 
 using namespace Qt::StringLiterals;
 using kxtest::rows;
@@ -258,6 +261,23 @@ TEST_F(ImportRunTest, AValueThatFailsIsReportedAndTheLineGoesOn)
     EXPECT_EQ(text.count(u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: "_s), 1) << text.toStdString();
 }
 
+// A value the database refuses in the middle of a batch (a duplicate in a unique column) is
+// reported and undone alone: the rest of its line and the lines after it land.
+TEST_F(ImportRunTest, AValueTheDatabaseRefusesFailsAloneInItsBatch)
+{
+    kxtest::exec(u"create unique index IMP_MAIN_NAME_U on IMP_MAIN (NAME)"_s);
+    const QString file = writeFile("N1;a;1,5\nN2;a;2,5\nN3;b;3,5\n");
+    TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s }, { u"BETRAG.IMP_MAIN"_s, u"3"_s } });
+    {
+        ScriptedMessages user(questions(mrNo, { { u"Beim Import der Zeile: N2;a;2,5;\r\ntrat folgender Fehler auf: *"_s }, { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(rows(u"select NR, NAME, BETRAG from IMP_MAIN order by NR"_s),
+              (QStringList{ u"N1|a|1,5"_s, u"N2||2,5"_s, u"N3|b|3,5"_s }));
+    ASSERT_EQ(r.summary().ColumnErrors.size(), 1);
+    EXPECT_EQ(r.summary().ColumnErrors[0].Line, 2);
+}
+
 // Each line is written whole or not at all: an error that ends the run keeps the lines before
 // it and undoes its own line; the message names the field.
 TEST_F(ImportRunTest, AnErrorThatEndsTheRunKeepsWholeLinesOnly)
@@ -275,6 +295,38 @@ TEST_F(ImportRunTest, AnErrorThatEndsTheRunKeepsWholeLinesOnly)
     }
     EXPECT_EQ(rows(u"select NR from IMP_MAIN"_s), QStringList{ u"N1"_s });
     EXPECT_FALSE(r.summary().Finished);
+}
+
+// The headless import killed at random moments leaves whole lines only; the same import again
+// (keyed) completes the table.
+TEST_F(ImportRunTest, AKilledRunLeavesWholeLinesOnly)
+{
+    QByteArray lines;
+    for (int i = 1; i <= 3000; ++i)
+        lines += u"N%1;n%1;%1,5;01.02.2026\n"_s.arg(i).toUtf8();
+    const QString file = writeFile(lines);
+    const QString definition = kxtest::writeFile(m_scratch.filePath(u"def.iDef"_s),
+                                                 "NR.IMP_MAIN=1\r\nName.IMP_MAIN=2\r\nBETRAG.IMP_MAIN=3\r\nDATUM.IMP_MAIN=4\r\n"
+                                                 "_Key1_=NR.IMP_MAIN\r\n_Key2_=Spalte 1\r\n");
+    const QStringList call{ u"--db"_s, m_connectionString, u"import"_s, u"IMP_MAIN"_s, file, u"--def"_s, definition, u"--yes"_s };
+    const QString halfLines = u"select count(*) from IMP_MAIN where NAME is null or BETRAG is null or DATUM is null"_s;
+    std::mt19937 random(7);
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        QProcess program;
+        program.start(QString::fromUtf8(KX_CLI_PROGRAM), call);
+        ASSERT_TRUE(program.waitForStarted());
+        QThread::msleep(std::uniform_int_distribution<int>(50, 1500)(random));
+        program.kill();
+        program.waitForFinished();
+        SCOPED_TRACE("attempt " + std::to_string(attempt) + ", rows " + rows(u"select count(*) from IMP_MAIN"_s).value(0).toStdString());
+        EXPECT_EQ(rows(halfLines), QStringList{ u"0"_s });
+    }
+    QProcess program;
+    program.start(QString::fromUtf8(KX_CLI_PROGRAM), call);
+    ASSERT_TRUE(program.waitForFinished(300000));
+    EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+    EXPECT_EQ(rows(u"select count(*), count(distinct NR) from IMP_MAIN"_s), QStringList{ u"3000|3000"_s });
+    EXPECT_EQ(rows(halfLines), QStringList{ u"0"_s });
 }
 
 // A definition that names what the table or the file does not have would add rows where it
