@@ -3,12 +3,10 @@
 #include "testdatabase.h"
 #include "wordtemplate.h"
 
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -336,44 +334,6 @@ TEST_F(CliTest, OpenAndMerge)
     ASSERT_EQ(documents.size(), 2) << merged.out.toStdString();
     EXPECT_EQ(documents[1].toString(), m_scratch.filePath(u"Brief-2.docx"_s));
     EXPECT_TRUE(zipEntry(documents[1].toString(), u"word/document.xml"_s).contains(">Lang</w:t>"));
-}
-
-} // namespace
-
-namespace {
-
-// An import killed at a random moment leaves whole lines only: every row it wrote holds all the
-// values of its line and the search columns made from them.
-TEST_F(CliTest, KilledImportLeavesWholeLines)
-{
-    for (const QStringList &args : { QStringList{ u"sys"_s, u"init"_s }, QStringList{ u"dispatch"_s, u"init"_s } })
-        ASSERT_EQ(invoke(args).exitCode, 0);
-    const int lines = kxtest::product() == u"firebird"_s ? 300 : 1500;
-    QByteArray data;
-    for (int i = 0; i < lines; ++i)
-        data += "64283;Darmstadt;Innenstadt;Stra\xDF" "e " + QByteArray::number(i) + ";1;59;2;60\r\n";
-    const QString file = kxtest::writeFile(m_scratch.filePath(u"orte.csv"_s), data);
-    const QString definition = kxtest::writeFile(
-        m_scratch.filePath(u"orte.iDef"_s), "PLZ.ORTE=1\r\nORT.ORTE=2\r\nORTSTEIL.ORTE=3\r\nSTRASSE.ORTE=4\r\n"
-                                            "HNRUVON.ORTE=5\r\nHNRUBIS.ORTE=6\r\nHNRGVON.ORTE=7\r\nHNRGBIS.ORTE=8\r\n");
-    const QStringList call{ u"--db"_s, m_connectionString, u"import"_s, u"ORTE"_s, file, u"--def"_s, definition, u"--yes"_s };
-    const QString broken = u"select count(*) from ORTE where PLZ is null or ORT is null or ORTSTEIL is null or STRASSE is null "
-                           u"or HNRUVON is null or HNRUBIS is null or HNRGVON is null or HNRGBIS is null or SELECTSTRASSE is null"_s;
-    QElapsedTimer timer;
-    timer.start();
-    ASSERT_EQ(invoke(call.mid(2)).exitCode, 0);
-    const int duration = int(timer.elapsed());
-    std::mt19937 random(4711);
-    for (int t = 0; t < 4; ++t) {
-        QProcess program;
-        program.start(QString::fromUtf8(KX_CLI_PROGRAM), call);
-        const int delay = std::uniform_int_distribution<int>(duration / 4, duration * 3 / 4)(random);
-        program.waitForFinished(delay);
-        program.kill();
-        program.waitForFinished();
-        EXPECT_EQ(kxtest::rows(broken), QStringList{ u"0"_s }) << "killed after " << delay << " ms";
-    }
-    EXPECT_GT(kxtest::rows(u"select count(*) from ORTE"_s).value(0).toInt(), lines);
 }
 
 } // namespace
