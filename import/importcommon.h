@@ -101,9 +101,6 @@ struct TImportProgress
     std::function<void()> DefaultCursor;
 };
 
-// One run of the import (the start button). Questions and messages go through MsgDlg; an error
-// outside the guarded places ends the run and goes on to the caller, with what was written
-// staying written.
 // How often the run commits: after this many lines or this much time, whichever comes first,
 // and after a line whose child row was committed explicitly. Lines = 0 runs statement by
 // statement without any transaction, every statement committing on its own; a line is then not
@@ -114,6 +111,9 @@ struct TImportBatch
     int Milliseconds = 1000;
 };
 
+// One run of the import (the start button). Questions and messages go through MsgDlg; an error
+// outside the guarded places ends the run and goes on to the caller, with what was written
+// staying written.
 class TImportRun
 {
 public:

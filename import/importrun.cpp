@@ -203,7 +203,7 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
         }
         if (batch)
             batch->commit();
-    } catch (const std::exception &ending) {
+    } catch (...) {
         // The error ends the run; the line it came in is undone (its savepoint, left above), the
         // whole lines before it stay.
         if (batch) {
