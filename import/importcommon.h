@@ -137,6 +137,8 @@ public:
 
 private:
     void importLines(const QString &keyField, int keyColumn, const QStringList &assignedTables);
+    void importLine(const QString &keyField, int keyColumn, const QStringList &assignedTables);
+    bool importLineTogether(const QString &keyField, int keyColumn, const QStringList &assignedTables);
     QString mainRowId(const QString &table, const QString &keyField, int keyColumn);
     void InsertImportRecord(const QString &table, const QString &idField, const QString &parentField, QString &newId,
                             const QString &parentId);
@@ -153,6 +155,8 @@ private:
     qint64 m_lineNumber = 0;
     QString m_mainId;
     bool m_commitAfterLine = false; // the line committed a child row explicitly
+    bool m_writingTogether = false; // the line's writes wait for its end (importLineTogether)
+    bool m_readsAfterWrites = false; // this run's lines read after writing (a hook, a generator)
 };
 
 // The definition of a table to import into: the package's own definition when it knows the

@@ -2,8 +2,8 @@
 // value, so that a value the database refuses is reported and the rest of the line still lands.
 // Lines are written in batches, each one transaction committed after a number of lines or a
 // time (a commit per statement would make the disk's latency the pace). Each line is a savepoint
-// in its batch: a run that ends keeps the whole lines before it, a killed one leaves whole lines
-// only. A guarded statement fails alone (kx::StatementGuard).
+// in its batch, or its writes go as one unit: a run that ends keeps the whole lines before it, a
+// killed one leaves whole lines only. A guarded statement fails alone (kx::StatementGuard).
 #include "importcommon.h"
 
 #include "dataaccess.h"
@@ -166,6 +166,7 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
     call(Progress.SetPosition, qint64(0));
     kx::TextLineReader reader(FileName);
     m_lineNumber = 0;
+    m_readsAfterWrites = false;
     std::optional<kx::SqlTransaction> batch;
     QElapsedTimer batchAge;
     int batchLines = 0;
@@ -182,20 +183,13 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
                 batchLines = 0;
             }
             m_commitAfterLine = false;
-            std::optional<kx::SqlTransaction> line;
-            if (batch)
-                line.emplace();
-            for (qsizetype t = 0; t < TableList.size(); ++t) {
-                const QString &table = TableList[t].first;
-                if (t == 0) {
-                    m_mainId = mainRowId(table, keyField, keyColumn);
-                    UpdateImportRecord(table, m_mainId);
-                } else if (assignedTables.contains(table, Qt::CaseInsensitive)) {
-                    UpdateImportRecord(table, u"-99"_s);
-                }
+            if (!batch) {
+                importLine(keyField, keyColumn, assignedTables);
+            } else if (!importLineTogether(keyField, keyColumn, assignedTables)) {
+                kx::SqlTransaction line;
+                importLine(keyField, keyColumn, assignedTables);
+                line.commit();
             }
-            if (line)
-                line->commit();
             if (batch && (++batchLines >= Batch.Lines || batchAge.elapsed() >= Batch.Milliseconds || m_commitAfterLine)) {
                 batch->commit();
                 batch.reset();
@@ -216,6 +210,62 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
         }
         throw;
     }
+}
+
+void TImportRun::importLine(const QString &keyField, int keyColumn, const QStringList &assignedTables)
+{
+    for (qsizetype t = 0; t < TableList.size(); ++t) {
+        const QString &table = TableList[t].first;
+        if (t == 0) {
+            m_mainId = mainRowId(table, keyField, keyColumn);
+            UpdateImportRecord(table, m_mainId);
+        } else if (assignedTables.contains(table, Qt::CaseInsensitive)) {
+            UpdateImportRecord(table, u"-99"_s);
+        }
+    }
+}
+
+namespace {
+
+// A value of the line needs reporting; the line is written again statement by statement, which
+// reports it as ever.
+struct ValueToReport
+{
+};
+
+} // namespace
+
+// The line's writes wait and go as one unit after its reads (kx::DeferredWrites): one round trip
+// for all of them, and no savepoint, as the unit lands whole or not at all. When anything else
+// happens (a value to report, a refused statement, any error), nothing of the line was written
+// and false sends it the usual way, statement by statement under a savepoint, which reports and
+// ends as ever. A run whose lines read after writing (a hook's or a generator's look-up) writes
+// its lines in several units under a savepoint each.
+bool TImportRun::importLineTogether(const QString &keyField, int keyColumn, const QStringList &assignedTables)
+{
+    const TImportSummary summary = m_summary;
+    const bool einheit = m_einheitValueImported;
+    m_writingTogether = true;
+    const auto reset = qScopeGuard([this] { m_writingTogether = false; });
+    try {
+        std::optional<kx::SqlTransaction> line;
+        if (m_readsAfterWrites)
+            line.emplace();
+        kx::DeferredWrites writes(m_readsAfterWrites ? kx::DeferredWrites::Units::Many : kx::DeferredWrites::Units::One);
+        importLine(keyField, keyColumn, assignedTables);
+        writes.finish();
+        if (line)
+            line->commit();
+        return true;
+    } catch (const kx::DeferredWritesBroken &) {
+        m_readsAfterWrites = true;
+    } catch (...) {
+        // Deliberate: whatever it was happens again, and is reported or ends the run, below.
+    }
+    m_summary = summary;
+    m_einheitValueImported = einheit;
+    m_commitAfterLine = false;
+    return false;
 }
 
 QString TImportRun::mainRowId(const QString &table, const QString &keyField, int keyColumn)
@@ -357,6 +407,8 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
 
 void TImportRun::reportColumnError(const TImportField &field, const QString &statement, const QString &error)
 {
+    if (m_writingTogether)
+        throw ValueToReport();
     m_summary.ColumnErrors.append({ m_lineNumber, field.Caption, error });
     MsgDlg(u"Beim Import der Zeile: "_s + m_line + u"\r\n"_s + u"trat folgender Fehler auf: "_s + error + u"\r\n"_s
                + u"Klicken Sie auf OK um den Import fortzuführen."_s,

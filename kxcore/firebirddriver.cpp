@@ -152,11 +152,12 @@ public:
 
     // A statement that meets a row another transaction holds is tried again a few times: a
     // failed statement's transaction is rolled back, so trying again cannot book twice.
-    SqlResult execute(const QString &sql) override
+    template<class Work>
+    auto retryingConflicts(const QString &sql, Work &&work)
     {
         for (int attempt = 1;; ++attempt) {
             try {
-                return executeOnce(sql);
+                return work();
             } catch (const ConflictError &e) {
                 if (attempt == conflictAttempts)
                     throw DatabaseError(u"Die Daten sind von einem anderen Arbeitsplatz gesperrt; nach %1 Versuchen "
@@ -165,6 +166,30 @@ public:
                 QThread::msleep(20 * attempt);
             }
         }
+    }
+
+    SqlResult execute(const QString &sql) override
+    {
+        return retryingConflicts(sql, [&] { return executeOnce(sql); });
+    }
+
+    // One EXECUTE BLOCK is one statement, so all of it takes effect or none; prepared and run in
+    // one round trip. A text too long for a block is left to the caller.
+    bool executeGroup(const QStringList &statements) override
+    {
+        const QByteArray text = (u"EXECUTE BLOCK AS BEGIN\n"_s + statements.join(u";\n"_s) + u";\nEND"_s).toUtf8();
+        if (text.size() > maxBlockText)
+            return false;
+        const QString sql = QString::fromUtf8(text);
+        retryingConflicts(sql, [&] {
+            inTransaction(sql, [&](isc_tr_handle &transaction, isc_stmt_handle &) {
+                ISC_STATUS_ARRAY status;
+                if (isc_dsql_execute_immediate(status, &m_db, &transaction, 0, text.constData(), SQL_DIALECT_V6, nullptr))
+                    fail(status, sql);
+            });
+            return 0;
+        });
+        return true;
     }
 
     // A row of KX_LOCKS per name, updated in a transaction of its own that stays open while the
@@ -362,6 +387,8 @@ public:
 
 private:
     static constexpr int conflictAttempts = 5;
+    // Well below the server's limit on a statement's text and on the compiled block.
+    static constexpr qsizetype maxBlockText = 48 * 1024;
     static constexpr int transactionLockAttempts = 100;
     static constexpr char autocommitTpb[] = { isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed,
                                               isc_tpb_rec_version, isc_tpb_wait };

@@ -114,6 +114,24 @@ public:
         return result;
     }
 
+    // One message of several statements: outside a transaction the server runs it as one
+    // transaction of its own; inside one a savepoint around it undoes the part before a failure.
+    bool executeGroup(const QStringList &statements) override
+    {
+        const QString body = statements.join(u";\n"_s);
+        if (!m_inTransaction) {
+            execute(body);
+            return true;
+        }
+        try {
+            execute(u"SAVEPOINT KX_GROUP;\n"_s + body + u";\nRELEASE SAVEPOINT KX_GROUP"_s);
+        } catch (const DatabaseError &) {
+            execute(u"ROLLBACK TO SAVEPOINT KX_GROUP; RELEASE SAVEPOINT KX_GROUP"_s);
+            throw;
+        }
+        return true;
+    }
+
     // The result of a parameterised statement; throws (and frees it) when it failed.
     static PGresult *check(PGresult *res, const QByteArray &sql)
     {

@@ -161,7 +161,7 @@ const kx::SqlDialect &TCSqlConnection::dialect() const
 
 kx::SqlResult TCSqlConnection::execute(const QString &sql)
 {
-    Q_EMIT statementExecuted(sql);
+    trace(sql);
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
     const kx::SqlDialect &dialect = m_driver->dialect();
@@ -169,16 +169,25 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     // Every statement is committed when it returns, so an explicit "Commit" has nothing left to do.
     if (statement.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
         return {};
-    return m_driver->execute(dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement);
+    const QString text = dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement;
+    if (m_deferral) {
+        if (kx::DeferredWrites::deferrable(text)) {
+            m_deferral->m_waiting << text;
+            return {};
+        }
+        sendWaiting();
+    }
+    return m_driver->execute(text);
 }
 
 void TCSqlConnection::executeTrigger(const QString &sql)
 {
-    Q_EMIT statementExecuted(sql);
+    trace(sql);
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
     if (!sql.startsWith(u"CREATE TRIGGER "_s))
         throw kx::DatabaseError(u"Nur CREATE TRIGGER wird ohne die Prüfung auf eine zweite Anweisung ausgeführt.\n%1"_s.arg(sql), sql);
+    sendWaiting();
     m_driver->execute(sql);
 }
 
@@ -189,17 +198,19 @@ QString kx::BlobLocation::where() const
 
 void TCSqlConnection::writeBlob(const kx::BlobLocation &at, QIODevice &source)
 {
-    Q_EMIT statementExecuted(u"update %1 set %2=<Binärdaten> where %3"_s.arg(at.table, at.column, at.where()));
+    trace(u"update %1 set %2=<Binärdaten> where %3"_s.arg(at.table, at.column, at.where()));
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    sendWaiting();
     m_driver->writeBlob(at, source);
 }
 
 bool TCSqlConnection::readBlob(const kx::BlobLocation &at, QIODevice &target)
 {
-    Q_EMIT statementExecuted(u"select %1 from %2 where %3"_s.arg(at.column, at.table, at.where()));
+    trace(u"select %1 from %2 where %3"_s.arg(at.column, at.table, at.where()));
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    sendWaiting();
     return m_driver->readBlob(at, target);
 }
 
@@ -207,6 +218,7 @@ bool TCSqlConnection::lock(const QString &name)
 {
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    sendWaiting();
     if (m_transactionDepth > 0) {
         if (!m_transactionLocks.contains(name)) {
             m_driver->acquireTransactionLock(name);
@@ -235,6 +247,7 @@ void TCSqlConnection::beginTransaction()
 {
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    sendWaiting();
     if (m_transactionDepth == 0) {
         // SQLite's lock is itself a transaction; a transaction inside it could not be told apart.
         if (m_lockDepth > 0)
@@ -251,6 +264,7 @@ void TCSqlConnection::commitTransaction()
 {
     if (m_transactionDepth == 0 || !m_driver)
         throw kx::DatabaseError(u"Es ist keine Transaktion offen, die bestätigt werden könnte."_s);
+    sendWaiting();
     if (m_transactionDepth > 1) {
         --m_transactionDepth;
         m_driver->releaseSavepoint(savepointName());
@@ -265,6 +279,10 @@ void TCSqlConnection::rollbackTransaction() noexcept
 {
     if (m_transactionDepth == 0 || !m_driver)
         return;
+    // Writes still waiting came after the innermost savepoint or begin (which sends what waits),
+    // so they belong to what is undone.
+    if (m_deferral)
+        m_deferral->m_waiting.clear();
     if (--m_transactionDepth > 0) {
         try {
             m_driver->rollbackToSavepoint(savepointName());
@@ -386,7 +404,9 @@ SqlTraceCapture::~SqlTraceCapture()
 
 StatementGuard::StatementGuard(TCSqlConnection *connection)
 {
-    if (connection->inTransaction() && connection->dialect().failedStatementEndsTransaction())
+    // Deferred writes fail as a unit that takes effect whole or not at all; a savepoint would
+    // only send them early.
+    if (connection->inTransaction() && !connection->deferring() && connection->dialect().failedStatementEndsTransaction())
         m_savepoint.emplace(connection);
 }
 

@@ -9,6 +9,7 @@
 
 namespace kx {
 class SqlDialect;
+class DeferredWrites;
 }
 
 // The one database connection of the application. Every statement runs on its own and is
@@ -52,6 +53,8 @@ public:
     void commitTransaction();
     void rollbackTransaction() noexcept;
     bool inTransaction() const { return m_transactionDepth > 0; }
+    // Whether writes wait to be sent together (kx::DeferredWrites).
+    bool deferring() const { return m_deferral != nullptr; }
 
     // The connection's own listings; system tables are left out.
     QStringList GetTableNames();
@@ -67,11 +70,17 @@ public:
     static kx::ConnectionParameters parseConnectionString(const QString &connectionString);
 
 Q_SIGNALS:
-    // Every SQL text that is about to reach the database.
+    // Every SQL text that is about to reach the database; those of a kx::DeferredWrites scope
+    // come, in their order, when it finishes.
     void statementExecuted(const QString &sql);
 
 private:
+    friend class kx::DeferredWrites;
+
     QStringList firstColumn(const QString &sql);
+    void trace(const QString &sql);
+    // Sends the writes that wait, before a statement that cannot wait (or at the end).
+    void sendWaiting(bool atEnd = false);
 
     QString savepointName() const;
 
@@ -80,6 +89,7 @@ private:
     int m_lockDepth = 0;
     int m_transactionDepth = 0;
     QStringList m_transactionLocks; // the names locked by the open transaction
+    kx::DeferredWrites *m_deferral = nullptr;
 };
 
 // The application's connection (the host opens it before calling the package).
@@ -154,6 +164,42 @@ public:
 
 private:
     std::optional<SqlTransaction> m_savepoint;
+};
+
+// While it lives, the statements that change rows and give no result (INSERT, UPDATE, DELETE)
+// wait and go to the database together as one unit (kx::SqlDriver::executeGroup): at finish(),
+// or before the next statement of another kind. All of a unit land or none, and a unit costs one
+// round trip where each statement would cost its own. A waiting statement's result is empty.
+// The trace holds every text of the scope, in order, until finish(); a scope left without it
+// sends nothing that waits and traces nothing. With Units::One a statement of another kind
+// after waiting writes throws DeferredWritesBroken instead: the caller counts on one unit, so
+// that what it does needs no savepoint to be undone.
+class DeferredWrites
+{
+public:
+    enum class Units { One, Many };
+    explicit DeferredWrites(Units units, TCSqlConnection *connection = compSqlConnection);
+    ~DeferredWrites();
+    DeferredWrites(const DeferredWrites &) = delete;
+    DeferredWrites &operator=(const DeferredWrites &) = delete;
+
+    void finish();
+
+private:
+    friend class ::TCSqlConnection;
+    static bool deferrable(const QString &statement);
+
+    TCSqlConnection *m_connection;
+    Units m_units;
+    QStringList m_waiting;
+    QStringList m_held;
+};
+
+// Deliberately no kx::Error: code that passes over a refused statement must not pass over this.
+class DeferredWritesBroken : public std::exception
+{
+public:
+    const char *what() const noexcept override { return "a statement that cannot wait came after waiting writes"; }
 };
 
 // Records every statement text while it lives (for tests and the command line's trace).

@@ -57,6 +57,16 @@ public:
         execute(QStringLiteral("RELEASE SAVEPOINT ") + name);
     }
 
+    // Runs statements that give no result as one unit in one round trip: all of them take effect
+    // or, when one fails, none (the error is thrown), inside the caller transaction or in one of
+    // its own. Returns false, having sent nothing, where the driver cannot send them so; the
+    // connection then runs them one by one under a savepoint.
+    virtual bool executeGroup(const QStringList &statements)
+    {
+        Q_UNUSED(statements);
+        return false;
+    }
+
     // Streams Source, from its position to its end, into the location in pieces, in one
     // transaction (the caller's while one is open), never through a statement's text; the row
     // must exist. Throws DatabaseError.
