@@ -6,6 +6,7 @@
 #include "log.h"
 #include "scriptedmessages.h"
 #include "scratchfiles.h"
+#include "sqltool.h"
 #include "testdatabase.h"
 
 #include <QProcess>
@@ -374,6 +375,28 @@ TEST_F(ImportRunTest, EventsSeeEveryInsertAndEveryWrittenRow)
     EXPECT_EQ(tables, (QStringList{ u"ID,LFD"_s, u"ID,IDParent"_s }));
     EXPECT_EQ(rows(u"select MANDANTID from IMP_MAIN"_s), QStringList{ u"7"_s });
     EXPECT_EQ(rows(u"select p.TEXT from IMP_POS p join IMP_MAIN m on m.ID=p.IDPARENT"_s), QStringList{ u"Pos"_s });
+}
+
+// A hook that reads the row it is given (as the street directory's does) sees the line's values
+// and may write to the row; a value refused on such a line is still reported alone.
+TEST_F(ImportRunTest, AHookThatReadsItsRowSeesTheLine)
+{
+    kxtest::exec(u"create unique index IMP_MAIN_NAME_U on IMP_MAIN (NAME)"_s);
+    const QString file = writeFile("N1;a\nN2;a\nN3;b\nN4;c\n");
+    TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s } });
+    QStringList seen;
+    r.OnAfterUpdateRecord = [&seen](QObject *, const QString &id) {
+        seen << compSqlConnection->execute(u"select NR from IMP_MAIN where ID="_s + kx::sqlQuoted(id)).rows.at(0).value(0).toString();
+        compSqlConnection->execute(u"update IMP_MAIN set EINHEIT=NR where ID="_s + kx::sqlQuoted(id));
+    };
+    {
+        ScriptedMessages user(questions(mrNo, { { u"Beim Import der Zeile: N2;a;\r\ntrat folgender Fehler auf: *"_s }, { done } }));
+        r.Execute();
+    }
+    EXPECT_EQ(rows(u"select NR, NAME, EINHEIT from IMP_MAIN order by NR"_s),
+              (QStringList{ u"N1|a|N1"_s, u"N2||N2"_s, u"N3|b|N3"_s, u"N4|c|N4"_s }));
+    seen.removeDuplicates();
+    EXPECT_EQ(seen, (QStringList{ u"N1"_s, u"N2"_s, u"N3"_s, u"N4"_s }));
 }
 
 TEST_F(ImportRunTest, UnitRecordsGetTheirDisplayNameUnlessTheFileGaveIt)

@@ -196,6 +196,58 @@ TEST_F(ConnectionTest, CallerTransactionsCommitRollBackAndNest)
     EXPECT_EQ(seen(), u"a,d,g"_s);
 }
 
+// Deferred writes go as one unit: all of it lands or, when one is refused, none, and the
+// transaction around goes on. The trace shows each text once, in order, when its unit has gone.
+TEST_F(ConnectionTest, DeferredWritesLandWholeOrNotAtAll)
+{
+    using Units = kx::DeferredWrites::Units;
+    exec(u"CREATE TABLE KXT_D (ID VARCHAR(10) NOT NULL PRIMARY KEY)"_s);
+    const auto insert = [](const char *id) { return u"INSERT INTO KXT_D (ID) VALUES ('%1')"_s.arg(QLatin1StringView(id)); };
+    const QString count = u"SELECT COUNT(*) FROM KXT_D WHERE ID='f'"_s;
+    kx::SqlTraceCapture trace;
+    {
+        kx::SqlTransaction batch;
+        {
+            kx::DeferredWrites writes(Units::One);
+            exec(insert("a"));
+            exec(insert("b"));
+            EXPECT_TRUE(trace.statements().isEmpty());
+            writes.finish();
+        }
+        {
+            kx::DeferredWrites writes(Units::One);
+            exec(insert("c"));
+            exec(insert("a"));
+            EXPECT_THROW(writes.finish(), kx::DatabaseError);
+        }
+        { // one unit only: a read after waiting writes is refused before anything is sent
+            kx::DeferredWrites writes(Units::One);
+            exec(insert("e"));
+            EXPECT_THROW(compSqlConnection->execute(count), kx::DeferredWritesBroken);
+        }
+        { // several units: the read sees the writes before it
+            kx::DeferredWrites writes(Units::Many);
+            exec(insert("f"));
+            EXPECT_EQ(compSqlConnection->execute(count).rows.front().value(0).toInt(), 1);
+            exec(insert("g"));
+            writes.finish();
+        }
+        {
+            kx::DeferredWrites unfinished(Units::One);
+            exec(insert("h"));
+        }
+        batch.commit();
+    }
+    { // outside a transaction a unit is a transaction of its own
+        kx::DeferredWrites writes(Units::One);
+        exec(insert("x"));
+        exec(insert("b"));
+        EXPECT_THROW(writes.finish(), kx::DatabaseError);
+    }
+    EXPECT_EQ(trace.statements(), (QStringList{ insert("a"), insert("b"), insert("f"), count, insert("g") }));
+    EXPECT_EQ(rows(u"SELECT ID FROM KXT_D ORDER BY ID"_s), (QStringList{ u"a"_s, u"b"_s, u"f"_s, u"g"_s }));
+}
+
 // Options of the connection string reach the client; one the client does not know is refused.
 TEST_F(ConnectionTest, ConnectionOptionsReachTheClient)
 {
