@@ -155,7 +155,6 @@ private:
     qint64 m_lineNumber = 0;
     QString m_mainId;
     bool m_commitAfterLine = false; // the line committed a child row explicitly
-    bool m_writingTogether = false; // the line's writes wait for its end (importLineTogether)
     bool m_readsAfterWrites = false; // this run's lines read after writing (a hook, a generator)
 };
 

@@ -245,8 +245,6 @@ bool TImportRun::importLineTogether(const QString &keyField, int keyColumn, cons
 {
     const TImportSummary summary = m_summary;
     const bool einheit = m_einheitValueImported;
-    m_writingTogether = true;
-    const auto reset = qScopeGuard([this] { m_writingTogether = false; });
     try {
         std::optional<kx::SqlTransaction> line;
         if (m_readsAfterWrites)
@@ -407,7 +405,7 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
 
 void TImportRun::reportColumnError(const TImportField &field, const QString &statement, const QString &error)
 {
-    if (m_writingTogether)
+    if (compSqlConnection->deferring()) // the line is written together; again, one by one, it reports
         throw ValueToReport();
     m_summary.ColumnErrors.append({ m_lineNumber, field.Caption, error });
     MsgDlg(u"Beim Import der Zeile: "_s + m_line + u"\r\n"_s + u"trat folgender Fehler auf: "_s + error + u"\r\n"_s
