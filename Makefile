@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Entry points: make demo, make test, make bench, make screenshots. Missing Debian packages are installed first
 # (as root) or named with the command to install them.
 BUILD ?= build

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Filling the address frame's street pick list for a postcode and town: a street directory of
 // 100,000 rows against one of 1,000 rows, each asked for a postcode with twelve streets.
 #include "benchsupport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 // The products' own clients for the baselines: libpq, and Qt's Firebird driver on the

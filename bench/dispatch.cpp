@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Median AAO lookup latency with 10,000 rules in "AAO" and 50,000 places in "AAO_Orte" over the
 // same lookups with 100 rules and 500 places; and fee calculations per second on a schedule
 // with 20 surcharge rows.

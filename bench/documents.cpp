@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Storing a 20 MB file in the database and extracting it again through the binary field
 // (SaveBinaryData, ExtractBinaryData) against writing and reading the same bytes through the
 // product's own client in the same run: SQLite's C library, libpq with a binary parameter, and

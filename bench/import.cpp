@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import of a file with 6 assigned columns and a key column into a table whose key field is
 // indexed: (a) the run against sending the same statement texts straight through the connection
 // in transactions of the same size, (b) the cost per line at 100,000 lines against 1,000 lines

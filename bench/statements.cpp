@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Cost of simple statements through kxcore against the same statements through the product's
 // own client in the same run: SQLite's C library, libpq, and for Firebird Qt's driver directly.
 // Rounds alternate between the two paths; each figure is the median of the rounds.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Cost of posting one issue line with 10^5 rows already in the stock log, over the same with
 // 10^3 rows; the cost of posting a document whole (one transaction under the document's lock)
 // over posting it statement by statement; and posting throughput in document lines per second. The log rows are spread over

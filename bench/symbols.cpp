@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Loading 1,000 symbols from a pack against reading the same images as loose files from a
 // symbol folder, both decoded to pictures, in the same run. No database is involved; the line
 // carries the "sqlite" label of the embedded default.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Cost per collected tenant of the tenant fragment: a tree of 1,000 tenants against a tree of 100,
 // both in the same tables, the user's group linked to every other tenant.
 #include "benchsupport.h"

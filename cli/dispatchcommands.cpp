@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Sub-commands of fees and dispatch: fee calculation, AAO lookup, street and object splitting,
 // district lookup and the settings names.
 #include "command.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // kxcommon open, merge: opening documents and links, and filling templates with records.
 #include "command.h"
 

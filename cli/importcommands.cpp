@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // kxcommon import, import-columns: the import run without a window.
 #include "command.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Sub-commands of the data links and the category registry.
 #include "command.h"
 

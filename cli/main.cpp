@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // kxcommon: the package's functions on the command line, for scripts and other programs.
 #include "command.h"
 

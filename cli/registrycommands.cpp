@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Sub-commands of the module registry.
 #include "command.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Sub-commands of stock keeping: module tables, articles and document lines for scripts, the
 // postings, the available stock and the stock log.
 #include "command.h"

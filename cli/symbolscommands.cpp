@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // kxcommon symbols pack, list, extract: building, listing and unpacking symbol packs.
 #include "command.h"
 

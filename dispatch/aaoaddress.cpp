@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Street and object-name splitting, and the district of an address in the street directory.
 #include "aaocommon.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The AAO rule lookup: one statement that finds the rule for keyword, object, place, weekday,
 // time and date.
 #include "aaocommon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The names under which the status monitor and the situation map keep their settings.
 #include "aaocommon.h"
 

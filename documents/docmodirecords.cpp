@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The document editor's records: reading a record's documents, saving the changed rows (with
 // their content where the documents are stored in the database) and copying them to another record.
 #include "docmodicommon.h"

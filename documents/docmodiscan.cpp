@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The document editor's scan: one page from the configured scanner into a JPEG file, guarded by
 // the busy flag that every workstation sees.
 #include "docmodicommon.h"

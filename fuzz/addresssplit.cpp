@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The street and object-name splitters and the search form of place names.
 #include "aaocommon.h"
 #include "fuzzsupport.h"

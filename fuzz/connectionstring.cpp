@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The connection string: any text is read as its parts or refused with a kx::DatabaseError.
 #include "fuzzsupport.h"
 #include "kxerror.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The date and number converters: any text converts or is refused; a number written back in the
 // format settings reads as the same number.
 #include "formatsettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 // What the fuzz targets share: the input as a scratch file or as text, and a check that stops

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import definition file: read, checked against a field list, applied.
 #include "fuzzsupport.h"
 #include "importcommon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Splitting an import line into its fields, and a type's length.
 #include "fuzzsupport.h"
 #include "importcommon.h"

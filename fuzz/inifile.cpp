@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The settings file: any file reads; a written key reads back, and so does every other key.
 #include "fuzzsupport.h"
 #include "inifile.h"

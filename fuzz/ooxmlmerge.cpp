@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The merge's pass over a template's document part: any bytes are filled or refused as XML that
 // is not well-formed; a filled part is well-formed and has the same form fields, each showing
 // the result it was given.

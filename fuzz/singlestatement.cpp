@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The one-statement check as each product reads quotes and comments, and the null order added to
 // ORDER BY items on PostgreSQL: whatever the text, no crash; what passes holds no second
 // statement that the same check would find in it again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The symbol pack reader: any file is read or refused with a kx::Error, within its memory budget.
 #include "fuzzsupport.h"
 #include "kxerror.h"

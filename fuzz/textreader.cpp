@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The text reader of imports: any bytes give lines; the count of a scan is the count read.
 #include "fuzzsupport.h"
 #include "importcommon.h"

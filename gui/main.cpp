@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // kxcommon-gui: shows every form and frame of the package on demo data, as the suite's modules
 // embed them; with --screenshots it renders them into pictures instead.
 #include "demodata.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import's field list, the file's columns and the ".iDef" definition file.
 #include "importcommon.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import run: every line of the file into one main row and the child rows, one UPDATE per
 // value, so that a value the database refuses is reported and the rest of the line still lands.
 // Lines are written in batches, each one transaction committed after a number of lines or a

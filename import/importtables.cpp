@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The tables the import can write into: the package's own definitions first, the database's
 // catalog for any other table.
 #include "importcommon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Writes that wait and go to the database as one unit, so that a run of small statements costs
 // one round trip instead of one each.
 #include "kxerror.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Firebird through its own client library (the isc_* interface). Each statement runs in a
 // read-committed transaction of its own that commits when the statement is done: autocommit.
 // Qt's driver for Firebird was the first choice; it looks up the precision of every scaled

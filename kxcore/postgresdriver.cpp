@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // PostgreSQL through libpq: one round trip per statement, each in its own implicit transaction.
 #include "kxerror.h"
 #include "sqldialect.h"

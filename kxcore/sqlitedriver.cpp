@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The embedded default: SQLite through its own C library, without a layer in between.
 #include "kxerror.h"
 #include "sqldialect.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The one-statement check: reads a text as the product's own lexer does, far enough to find a
 // ";" that ends a statement.
 #include "kxerror.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 // Installs the form scaler behind appScaleForm: forms are laid out for 96 dots per inch; on a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The schemas of the system tables, as declared by the system-table holder.
 #include "systables.h"
 

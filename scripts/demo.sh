@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # A short scenario on the embedded default database, printed as it runs.
 set -euo pipefail
 build=${1:?build folder}

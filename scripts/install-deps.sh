@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Installs the Debian packages the build needs; "all" (the default) adds what the tests, the
 # benchmarks and the database servers need, "demo" only what the demo's program needs, "fuzz"
 # the build's packages and clang with libFuzzer.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Runs the benchmarks (all, or the one named) with the database servers started for the run.
 set -uo pipefail
 build=${1:?build folder}

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Runs every fuzz target of a fuzz build for the given seconds, from its seeds in fuzz/corpus
 # (what it finds new goes to the build folder, not into the repository), and reports its runs.
 # Fails when a target finds a crash, a leak, a time-out (10 s for one input) or a memory above

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Runs every test with the database servers started for the run and stopped after it, and
 # closes with the line "N passed, N failed, N skipped".
 set -uo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Renders every form and frame on the demo data (embedded database, offscreen platform) into
 # PNG files named after their classes.
 set -euo pipefail

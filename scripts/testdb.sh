@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Starts and stops the PostgreSQL 15 and Firebird 3 servers for the tests, on loopback, in a
 # folder of their own (no system service, nothing left behind).
 #   testdb.sh start DIR   starts both, creates the test databases, writes DIR/env

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The count updates of one document line: the article (or its storage location) for
 // ordinary lines, the article's batch count for batch lines.
 #include "lagercommon.h"

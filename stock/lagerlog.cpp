@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The stock log: one row per receipt, issues drawn first-in-first-out on the open receipts,
 // and the article's balance of the current month.
 #include "lagercommon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Posting of whole stock and order documents: only the part of each line not yet booked.
 #include "lagercommon.h"
 

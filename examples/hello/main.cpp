@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: CC0-1.0
 // Opens a database, creates the fee tables with the sample schedule, calculates the fee of a
 // fire operation and splits an alarm's street text.
 #include <aaocommon.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The address frame on each product through its real widgets: the pick lists and their
 // statements, the fields cleared when one above them no longer fits, and a broken statement.
 #include "dispatchdata.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Drives the command line as its users do and checks exit codes, messages and JSON shapes.
 set -uo pipefail
 kx=$(realpath "${1:?kxcommon program}")

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The command line as scripts use it: exit codes, text and JSON output, on each product.
 #include "scratchfiles.h"
 #include "testdatabase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The package frame: the entry points through dlopen, the unit table and the shared flags.
 #include "commonconst.h"
 #include "globals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The widget hooks on the offscreen platform: MsgDlg as a real message box.
 #include "msgdlg.h"
 #include "widgethooks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // AAO lookup, district lookup and settings names on each product.
 #include "aaocommon.h"
 #include "dispatchdata.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Street and object-name splitting, and the search form of addresses: no database.
 #include "aaocommon.h"
 #include "sqltool.h"

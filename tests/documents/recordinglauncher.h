@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 // A document launcher for the tests: records what would have been opened ("link <text>",

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The document open and save dialogs through their real widgets: the search paths offered, the
 // save browser's ".JPG" rule and its name rule, and both ways of choosing.
 #include "docopencommon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The document editor on each product through its real widgets: opening plain and stored
 // documents, the main-document rule, storing a file in the database, cloning, and scanning
 // through SANE's test backend with the busy flag seen from a second connection.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The document lists on each product through their real widgets: the statements, the rows, the
 // count over three parents, and opening the chosen document.
 #include "docviewmatcommon.h"

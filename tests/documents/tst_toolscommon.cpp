@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Launching documents and links, the hand-off to the main window, and the merge into templates,
 // on each product: the decisions through a recording launcher, the merge through a recording
 // word processor and through real .docx files.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 // A word-processor template for the merge tests, and reading a part of the documents made.

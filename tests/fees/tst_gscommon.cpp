@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The fee calculation on a schedule of known rows, on each product.
 #include "feedata.h"
 #include "globals.h"

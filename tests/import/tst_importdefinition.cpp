@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import's field list, the definition file and reading files as they come from Windows.
 #include "dataaccess.h"
 #include "importcommon.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import form through its widgets: pairing by double click, the definition file through the
 // real file dialogs, and the run from the start button.
 #include "dataaccess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The import run on each product: the statements it sends, the rows that result, the questions
 // and messages in their order, and where the run goes on or ends.
 #include "dataaccess.h"

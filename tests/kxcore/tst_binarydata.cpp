@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // File contents in the database on each product: a file larger than PostgreSQL's one-statement
 // limit (32 MiB) in and out byte for byte, streamed (no statement text carries the bytes),
 // replaced, small, empty, and missing.

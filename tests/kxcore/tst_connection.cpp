@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The connection on each product: autocommit, the one-statement rule, the trace, value types.
 #include "formatsettings.h"
 #include "sqlquery.h"

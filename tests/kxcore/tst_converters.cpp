@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The converters under German and English format settings.
 #include "formatsettings.h"
 #include "kxerror.h"

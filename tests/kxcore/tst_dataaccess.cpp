@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Creating and altering tables from their definitions on each product.
 #include "dataaccess.h"
 #include "sqltool.h"

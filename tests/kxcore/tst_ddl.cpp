@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Table creation statements per product, compared with the expected texts; no server needed.
 #include "dataaccess.h"
 #include "sqldialect.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Settings store, user rights and keys on each product.
 #include "dataaccess.h"
 #include "globals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The one-statement rule and the connection string, without a server.
 #include "kxerror.h"
 #include "sqlconnection.h"

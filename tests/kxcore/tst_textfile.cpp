@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Files as other programs write them: any lines, joined by CRLF, LF or CR in any mix, written as
 // UTF-8 (with or without mark), UTF-16 LE or BE (with mark), or line by line in UTF-8 or
 // Windows-1252, are read back as the same lines.

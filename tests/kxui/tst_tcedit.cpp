@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The edit of the widget kit through its real widgets: events, pick list, styles, numbers.
 #include "tcedit.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The smaller parts of the widget kit: the folder picker driven like a user, the form scaler,
 // the theme colours of headers and progress bars.
 #include "appscaleform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Module data and data links on each product: the flag combinations, the error points, the
 // link rows over three levels.
 #include "dataaccess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The category registry on each product: registering a module, and the category dialog driven
 // by mouse and keyboard while it is shown modally.
 #include "dataaccess.h"

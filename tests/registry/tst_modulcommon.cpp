@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The module registry on each product: exact statement texts and the rows that result.
 #include "dataaccess.h"
 #include "globals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // System tables and the office field mapping on each product.
 #include "dataaccess.h"
 #include "globals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Postings as separate programs on one database, the way workstations meet: several at once, one
 // killed at a random moment, one whose statement the database refuses. Afterwards every article's
 // counts equal what its documents hold, once, and the log agrees with the counts.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The stock action object without a database: its published properties and kind texts.
 #include "lagercommon.h"
 

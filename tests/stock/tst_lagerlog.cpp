@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The stock log: receipts, issues drawn first-in-first-out, corrections, monthly balances.
 #include "log.h"
 #include "sqltool.h"

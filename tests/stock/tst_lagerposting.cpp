@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Count updates and the posting of stock and order documents, on each product.
 #include "sqlconnection.h"
 #include "sqltool.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Random sequences of receipts, issues, corrections and stocktakings, with lines changed, reset
 // and posted again unchanged, with quantities of two decimals, posted on the database and on a
 // model that books in whole cents. The article counts, every log row (quantity, remainder, the receipt drawn on, its price,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The icon selection form and its symbols view on the offscreen platform: the category
 // ordering, choosing by OK and by double click, cancelling, and reading stored references.
 #include "symbolstest.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The symbol pack unit: settings, image formats, the folder scan, the pack search and its
 // errors, and the pack format against damaged files.
 #include "symbolstest.h"

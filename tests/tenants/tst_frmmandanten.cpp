@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The tenant frame on each product through its real widgets: rights, defaults, the hidden code
 // and the selection's filter.
 #include "dataaccess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The tenant fragment on each product: its exact text for each kind of user and tree, the
 // statements it runs, a broken code, a ring in the hierarchy and a large deep tree.
 #include "globals.h"
