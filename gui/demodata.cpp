@@ -41,9 +41,14 @@ void createDemoStreetDirectory()
 
 // A folder of documents on the search path, and the demo vehicle's documents: two named by
 // their files, a photo stored in the database.
+QDir demoDocumentFolder()
+{
+    return QDir(QDir::temp().filePath(u"kxcommon-demo-dokumente"_s));
+}
+
 void createDemoDocuments()
 {
-    const QDir folder(QDir::temp().filePath(u"kxcommon-demo-dokumente"_s));
+    const QDir folder = demoDocumentFolder();
     folder.mkpath(u"."_s);
     cSearchPathList = { folder.path() };
     cEnableBinarySave = true;
@@ -71,6 +76,18 @@ void createDemoDocuments()
 }
 
 } // namespace
+
+bool hasDemoData()
+{
+    return compSqlConnection->tableExists(demoDocumentTable) && compSqlConnection->tableExists(u"ORTE"_s)
+        && sqlGetValueInt(u"select count(*) from ORTE where ID like 'G1-%'"_s) > 0;
+}
+
+void prepareDemoSession()
+{
+    tenants_SignInSampleUser();
+    cSearchPathList = { demoDocumentFolder().path() };
+}
 
 void createDemoData()
 {

@@ -9,6 +9,11 @@
 // signed in, and the demo vehicle's documents are made (a folder on the search path, binary
 // storage switched on).
 void createDemoData();
+// Whether the database already holds the demo data (its streets and its documents).
+bool hasDemoData();
+// What the windows need without writing to the database: the sample user signed in, the demo
+// documents' folder on the search path.
+void prepareDemoSession();
 
 class TImportCommonForm;
 class QWidget;
