@@ -6,6 +6,7 @@
 #include "sqltool.h"
 #include "tcedit.h"
 #include "uierrors.h"
+#include "germantexts.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -35,6 +36,7 @@ TfrmPlzOrtStrasse::TfrmPlzOrtStrasse(QWidget *parent)
     , Hausnummer(addressEdit(this, u"Hausnummer"_s, u"Hausnummer"_s, QString()))
     , DataQuery(new TCSqlQuery(this))
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"frmPlzOrtStrasse"_s);
     DataQuery->setObjectName(u"DataQuery"_s);
     DataQuery->Connection = compSqlConnection;

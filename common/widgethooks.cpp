@@ -2,6 +2,7 @@
 #include "widgethooks.h"
 
 #include "appscaleform.h"
+#include "germantexts.h"
 #include "msgdlg.h"
 
 #include <QApplication>
@@ -53,4 +54,5 @@ void installWidgetHooks()
 {
     setMsgDlgHandler(showMessage);
     installFormScaler();
+    kx::ui::loadGermanQtTexts();
 }

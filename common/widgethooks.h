@@ -2,5 +2,5 @@
 #pragma once
 
 // Installs the widget counterparts of the platform hooks in a GUI host: message boxes for
-// MsgDlg and the form scaler. Call once after the QApplication exists.
+// MsgDlg, the form scaler and Qt's own texts in German. Call once after the QApplication exists.
 void installWidgetHooks();

@@ -3,6 +3,7 @@
 
 #include "globals.h"
 #include "parameter.h"
+#include "germantexts.h"
 
 #include <QComboBox>
 #include <QFileSystemModel>
@@ -84,6 +85,7 @@ TDocBrowserForm::TDocBrowserForm(const QString &caption, const QString &searchIn
     , m_folderView(new PathFilter(this))
     , m_entryView(new PathFilter(this))
 {
+    kx::ui::loadGermanQtTexts();
     setWindowTitle(caption);
     SearchIn->setObjectName(u"SearchIn"_s);
     ShellTreeView1->setObjectName(u"ShellTreeView1"_s);

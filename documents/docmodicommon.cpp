@@ -20,6 +20,7 @@
 #include "tcedit.h"
 #include "toolscommon.h"
 #include "uierrors.h"
+#include "germantexts.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -71,6 +72,7 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     , Dokumentspeichern1(new QAction(u"Dokument speichern"_s, this))
     , Parameter(new TCParameter(this))
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"DocModiCommonForm"_s);
     setWindowTitle(u"Dokumente"_s);
     DataAccess_Doc->Connection = compSqlConnection;

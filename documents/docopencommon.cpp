@@ -40,7 +40,7 @@ bool openCommonDocument(QString &Path, bool MultiSelect)
         return false;
     if (MultiSelect) {
         for (const QString &file : std::as_const(form->OpenDialog->Files))
-            Path += file + u'\n';
+            Path += file + u"\r\n"_s; // the list's text: each line ends in CR LF
     } else {
         Path = form->OpenDialog->FileName.trimmed();
     }

@@ -20,5 +20,5 @@ public:
 
 // Asks for a file to add as a document; true when one was chosen, its path in Path. With
 // "OnlyUseSearchPath" the browser above, otherwise the standard dialog; with MultiSelect that
-// dialog takes several files and Path holds each followed by a line break.
+// dialog takes several files and Path holds each followed by CR LF.
 bool openCommonDocument(QString &Path, bool MultiSelect = false);

@@ -7,6 +7,7 @@
 #include "sqlquery.h"
 #include "sqltool.h"
 #include "toolscommon.h"
+#include "germantexts.h"
 
 #include <QAction>
 #include <QToolBar>
@@ -24,6 +25,7 @@ TDocViewCommonForm::TDocViewCommonForm(QWidget *parent)
     , DoOpen(new QAction(u"Öffnen"_s, this))
     , DataQuery(new TCSqlQuery(this))
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"DocViewCommonForm"_s);
     setWindowTitle(u"Dokumente"_s);
     DoClose->setObjectName(u"DoClose"_s);

@@ -4,6 +4,7 @@
 #include "addressmask.h"
 #include "demodata.h"
 #include "docmodicommon.h"
+#include "docopencommon.h"
 #include "docsavecommon.h"
 #include "docviewcommon.h"
 #include "frmplzortstrassecommon.h"
@@ -198,6 +199,22 @@ bool saveBrowser(const QString &folder)
     return save(framed(&browser), folder, u"TDocSaveCommonForm"_s);
 }
 
+// The open browser on the search path, its folder read and a document selected.
+bool openBrowser(const QString &folder)
+{
+    TDocOpenCommonForm browser;
+    settle(&browser);
+    QElapsedTimer clock;
+    clock.start();
+    QAbstractItemView *list = browser.ShellListView1;
+    while (list->model()->rowCount(list->rootIndex()) == 0 && clock.elapsed() < 3000)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    const QModelIndex first = list->model()->index(0, 0, list->rootIndex());
+    list->setCurrentIndex(first);
+    settle(&browser);
+    return save(framed(&browser), folder, u"TDocOpenCommonForm"_s);
+}
+
 } // namespace
 
 bool renderScreenshots(const QString &folder)
@@ -205,7 +222,7 @@ bool renderScreenshots(const QString &folder)
     QDir().mkpath(folder);
     bool written = true;
     for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm, addressFrame, iconSelection, documentList,
-                                                         documentEditor, saveBrowser })
+                                                         documentEditor, openBrowser, saveBrowser })
         written = render(folder) && written;
     return written;
 }

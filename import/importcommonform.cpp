@@ -10,6 +10,7 @@
 #include "sqlquery.h"
 #include "tcfiledialog.h"
 #include "uierrors.h"
+#include "germantexts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -83,6 +84,7 @@ TImportCommonForm::TImportCommonForm(QWidget *owner)
     , DoOpen(action(this, u"DoOpen"_s, u"Laden"_s, u"Definition laden"_s, QStyle::SP_DialogOpenButton))
     , DoSave(action(this, u"DoSave"_s, u"Speichern"_s, u"Definition speichern"_s, QStyle::SP_DialogSaveButton))
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"ImportCommonForm"_s);
     setWindowTitle(u"Importieren"_s);
     ProgressBar->setObjectName(u"ProgressBar"_s);

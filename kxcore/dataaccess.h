@@ -16,6 +16,7 @@ enum TCFieldFlag : unsigned {
     fUnique = 4,      // values are unique (kept by the unique index)
     fNotNull = 8,
     fGenerator = 16,  // counted by a generator (see SqlGetNextValue)
+    fNotEditable = 32, // shown, but the masks bound to it do not let the user change it
 };
 
 // One column of a table definition.
@@ -31,6 +32,7 @@ struct TCFieldDef
         , Unique(flags & fUnique)
         , NotNull(flags & fNotNull)
         , Generator(flags & fGenerator)
+        , Enabled(!(flags & fNotEditable))
     {
     }
     TCFieldDef &link(QString table, QString field)

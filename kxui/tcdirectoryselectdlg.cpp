@@ -2,12 +2,14 @@
 #include "tcdirectoryselectdlg.h"
 
 #include "tcfiledialog.h"
+#include "germantexts.h"
 
 #include <QFileDialog>
 
 TCDirectorySelectDlg::TCDirectorySelectDlg(QObject *owner)
     : QObject(owner)
 {
+    kx::ui::loadGermanQtTexts();
 }
 
 bool TCDirectorySelectDlg::Execute()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tcfiledialog.h"
+#include "germantexts.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -10,6 +11,7 @@ TCFileDialog::TCFileDialog(Kind kind, QObject *owner)
     : QObject(owner)
     , m_kind(kind)
 {
+    kx::ui::loadGermanQtTexts();
 }
 
 QStringList TCFileDialog::nameFilters(const QString &filter)

@@ -6,6 +6,7 @@
 #include "sqlconnection.h"
 #include "sqlquery.h"
 #include "tcedit.h"
+#include "germantexts.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
@@ -31,6 +32,7 @@ TCSelectDialog::TCSelectDialog(QWidget *parent)
     , m_model(new QStandardItemModel(this))
     , m_filter(new QSortFilterProxyModel(this))
 {
+    kx::ui::loadGermanQtTexts();
     m_filter->setSourceModel(m_model);
     m_filter->setFilterKeyColumn(-1);
     m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);

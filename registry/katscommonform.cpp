@@ -5,6 +5,7 @@
 #include "sqlconnection.h"
 #include "sqlquery.h"
 #include "tcdbtreeview.h"
+#include "germantexts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -22,6 +23,7 @@ TKatsCommonForm::TKatsCommonForm(QWidget *owner)
     , DataQuery(new TCSqlQuery(this))
     , KatsLinkDataAccess(new TCDataAccess(katsLinkTable(), this))
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"KatsCommonForm"_s);
     setWindowTitle(u"Kats"_s);
     KatsLinkDataAccess->setObjectName(u"KatsLinkDataAccess"_s);

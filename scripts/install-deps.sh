@@ -5,7 +5,8 @@
 # the build's packages and clang with libFuzzer.
 # As root it installs what is missing; otherwise it prints the command to run.
 set -euo pipefail
-packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libquazip1-qt6-dev libsane-dev libsqlite3-dev libpq-dev firebird-dev)
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libquazip1-qt6-dev libsane-dev libsqlite3-dev libpq-dev firebird-dev
+          qt6-translations-l10n)
 if [ "${1:-all}" = fuzz ]; then
     packages+=(clang libfuzzer-14-dev)
 elif [ "${1:-all}" != demo ]; then

@@ -2,6 +2,7 @@
 #include "frmselecticoncommon.h"
 
 #include "symbolsview.h"
+#include "germantexts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -33,6 +34,7 @@ TfrmSelectIconForm::TfrmSelectIconForm(QWidget *parent)
     , SelectionLabel(new QLabel(this))
     , fSymbolsView(nullptr)
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"frmSelectIconForm"_s);
     setWindowTitle(u"Symbol auswählen"_s);
     dockPanel->setObjectName(u"dockPanel"_s);

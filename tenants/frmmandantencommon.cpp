@@ -7,6 +7,7 @@
 #include "sqltool.h"
 #include "tcedit.h"
 #include "tcselecttomask.h"
+#include "germantexts.h"
 
 #include <QGroupBox>
 #include <QVBoxLayout>
@@ -21,6 +22,7 @@ TfrmMandanten::TfrmMandanten(QWidget *parent)
     , MandantId(new TCEdit(GroupBox))
     , MandantSelect(new TCSelectToMask(this))
 {
+    kx::ui::loadGermanQtTexts();
     setObjectName(u"frmMandanten"_s);
     Mandant->setObjectName(u"Mandant"_s);
     Mandant->setCaption(u"Mandant"_s);

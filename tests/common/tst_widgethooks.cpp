@@ -20,6 +20,7 @@ struct Answer
     QString text;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QList<QMessageBox::StandardButton> buttons;
+    QStringList captions;
 };
 
 void answerWhenShown(Answer &answer)
@@ -29,8 +30,10 @@ void answerWhenShown(Answer &answer)
         ASSERT_NE(box, nullptr);
         answer.text = box->text();
         answer.icon = box->icon();
-        for (QAbstractButton *b : box->buttons())
+        for (QAbstractButton *b : box->buttons()) {
             answer.buttons << box->standardButton(b);
+            answer.captions << b->text();
+        }
         box->button(answer.press)->click();
     });
 }
@@ -64,3 +67,14 @@ TEST(WidgetHooks, MsgDlgShowsAMessageBoxAndReturnsTheAnswer)
 }
 
 } // namespace
+
+// Qt's own buttons speak German, as the texts around them do.
+TEST(WidgetHooks, MessageBoxButtonsAreGerman)
+{
+    installWidgetHooks();
+    Answer answer{ QMessageBox::No };
+    answerWhenShown(answer);
+    MsgDlg(u"Speichern?"_s, TMsgDlgType::mtConfirmation, mbYesNoCancel);
+    answer.captions.sort();
+    EXPECT_EQ(answer.captions, QStringList({ u"&Ja"_s, u"&Nein"_s, u"Abbrechen"_s }));
+}

@@ -154,7 +154,7 @@ TEST_F(DocDialogsTest, StandardDialogsWithSeveralFiles)
         QString path;
     } cases[] = {
         { "several files, a line each", true, u"\"Bericht.pdf\" \"Scan.png\""_s,
-          docs + u"/Bericht.pdf\n"_s + docs + u"/Scan.png\n"_s },
+          docs + u"/Bericht.pdf\r\n"_s + docs + u"/Scan.png\r\n"_s },
         { "one file", false, u"Bericht.pdf"_s, docs + u"/Bericht.pdf"_s },
     };
     for (const auto &c : cases) {

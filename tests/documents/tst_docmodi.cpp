@@ -150,6 +150,15 @@ TEST_F(DocModiTest, OneMainDocumentPerRecord)
     EXPECT_EQ(kxtest::rows(u"select count(*) from Fahrzeug_Dokumente"_s), QStringList{ u"0"_s });
 }
 
+// The tenant and the creating and saving users are the program's, not the user's, to change.
+TEST_F(DocModiTest, TenantAndUserFieldsAreNotEditable)
+{
+    TDocModiCommonForm form(table);
+    const QStringList fixed{ u"MANDANTID"_s, u"UID"_s, u"SID"_s };
+    for (const TCFieldDef &field : form.DataAccess_Doc->Fields.items())
+        EXPECT_EQ(field.Enabled, !fixed.contains(field.Fieldname)) << field.Fieldname.toStdString();
+}
+
 TEST_F(DocModiTest, CloningKeepsOrAddsTheChangeStamp)
 {
     kxtest::exec(u"insert into Fahrzeug_Dokumente (ID, IDPARENT, BEZEICHNUNG, DOKUMENT, LDATE, LTIME, LUSER, MAINDOC) "
