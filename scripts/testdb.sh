@@ -6,12 +6,13 @@
 #   testdb.sh stop DIR    stops both and removes DIR
 #   testdb.sh run DIR CMD...  starts both, runs CMD with KX_TEST_POSTGRES and KX_TEST_FIREBIRD
 #                         set for the servers that started, stops both, exits with CMD's status
-# DIR/env sets KX_TEST_POSTGRES and KX_TEST_FIREBIRD for the servers that started.
+# DIR/env sets KX_TEST_POSTGRES and KX_TEST_FIREBIRD for the servers that started. The ports are
+# KX_PG_PORT and KX_FB_PORT when set (refused when taken), otherwise free ones chosen at start.
 set -uo pipefail
 action=${1:?start or stop}
 dir=$(realpath -m "${2:?folder}")
-pg_port=${KX_PG_PORT:-30532}
-fb_port=${KX_FB_PORT:-30531}
+pg_port=
+fb_port=
 pg_bin=$(ls -d /usr/lib/postgresql/15/bin 2>/dev/null || true)
 fb_root=/usr/lib/x86_64-linux-gnu/firebird/3.0
 fb_password=masterkey
@@ -21,8 +22,34 @@ as_owner() {
     if [ "$(id -u)" -eq 0 ]; then runuser -u postgres -- "$@"; else "$@"; fi
 }
 
+# Whether something listens on the loopback port.
+port_taken() {
+    (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null
+}
+
+# The given port (KX_PG_PORT, KX_FB_PORT) or a free one: a server of another checkout on the
+# port would otherwise be taken for ours, and its tests would run against it.
+choose_port() {
+    local given=$1 port
+    if [ -n "$given" ]; then
+        if port_taken "$given"; then
+            echo "testdb: port $given is taken by another program" >&2
+            return 1
+        fi
+        echo "$given"
+        return 0
+    fi
+    for _ in $(seq 1 100); do
+        port=$((20000 + RANDOM % 40000))
+        port_taken "$port" || { echo "$port"; return 0; }
+    done
+    echo "testdb: no free port found" >&2
+    return 1
+}
+
 start_postgres() {
     [ -n "$pg_bin" ] || { echo "testdb: PostgreSQL 15 is not installed" >&2; return 1; }
+    pg_port=$(choose_port "${KX_PG_PORT:-}") || return 1
     mkdir -p "$dir/pg"
     [ "$(id -u)" -eq 0 ] && chown postgres "$dir/pg"
     as_owner "$pg_bin/initdb" -D "$dir/pg/data" -A trust -U kx -E UTF8 --locale=C.UTF-8 --no-sync >"$dir/pg/initdb.log" 2>&1 \
@@ -41,6 +68,7 @@ fb_env() {
 
 start_firebird() {
     [ -x /usr/sbin/firebird ] || { echo "testdb: Firebird 3 server is not installed" >&2; return 1; }
+    fb_port=$(choose_port "${KX_FB_PORT:-}") || return 1
     local fb=$dir/fb
     mkdir -p "$fb/lock"
     for f in plugins intl UDF firebird.msg lib; do ln -sfn "$fb_root/$f" "$fb/$f"; done
