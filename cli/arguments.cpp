@@ -33,13 +33,20 @@ CliArguments::CliArguments(const CliContext &context, const QStringList &valued,
             m_positional << arg;
             continue;
         }
-        const QString name = arg.mid(2);
+        // "--name value" or "--name=value", as with --db.
+        const qsizetype equals = arg.indexOf(u'=');
+        const QString name = equals < 0 ? arg.mid(2) : arg.mid(2, equals - 2);
         if (flags.contains(name)) {
+            if (equals >= 0)
+                throw CliUsageError{ u"--%1 ist ein Schalter und nimmt keinen Wert."_s.arg(name) };
             m_flags << name;
         } else if (valued.contains(name)) {
-            if (i + 1 >= args.size())
+            if (equals >= 0)
+                m_values.insert(name, arg.mid(equals + 1));
+            else if (i + 1 >= args.size())
                 throw CliUsageError{ u"--%1 erwartet einen Wert."_s.arg(name) };
-            m_values.insert(name, args.at(++i));
+            else
+                m_values.insert(name, args.at(++i));
         } else {
             throw CliUsageError{ u"unbekannte Option %1."_s.arg(arg) };
         }
@@ -103,7 +110,7 @@ qint64 cliLargeNumber(const QString &text, const QString &what)
 
 QString cliAmount(double value)
 {
-    return QString::number(value, 'f', 2).replace(u'.', FormatSettings().DecimalSeparator);
+    return kx::formatAmount(value);
 }
 
 QJsonValue cliTextOrNull(const QString &text)

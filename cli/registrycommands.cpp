@@ -45,11 +45,11 @@ CliOutput addModule(const CliContext &context)
     if (args.size() != 3)
         throw CliUsageError{ u"modules add erwartet MODULNUMMER NAME TABELLE."_s };
     bool numeric = false;
-    args.at(0).toLongLong(&numeric);
+    const qint64 modulId = args.at(0).toLongLong(&numeric);
     if (!numeric)
         throw CliUsageError{ u"Die Modulnummer \"%1\" ist keine Dezimalzahl."_s.arg(args.at(0)) };
     mdef_AddModul(args.at(0), args.at(1), args.at(2), main ? 1 : 0);
-    return { QJsonObject{ { u"modulId"_s, args.at(0) },
+    return { QJsonObject{ { u"modulId"_s, modulId },
                           { u"modulName"_s, args.at(1) },
                           { u"tableName"_s, args.at(2).toUpper() },
                           { u"isMainTable"_s, main } },

@@ -41,19 +41,31 @@ Enum enumValue(const QString &text, const QList<std::pair<QString, Enum>> &words
     return Enum(value);
 }
 
+// The command line's words for the actions and modes, read in options and given back in JSON.
+const QList<std::pair<QString, TCLagerActionType>> actionWords{
+    { u"add"_s, latAdd }, { u"sub"_s, latSub }, { u"reset-add"_s, latResetAdd }, { u"reset-sub"_s, latResetSub }
+};
+const QList<std::pair<QString, TCLagerModeType>> modeWords{
+    { u"in"_s, lmtIn }, { u"out"_s, lmtOut }, { u"correction"_s, lmtCorrection }, { u"stocktaking"_s, lmtStocktaking }
+};
+
+template<class Enum>
+QString wordOf(Enum value, const QList<std::pair<QString, Enum>> &words)
+{
+    for (const auto &[word, entry] : words)
+        if (entry == value)
+            return word;
+    return QString::fromLatin1(QMetaEnum::fromType<Enum>().valueToKey(value));
+}
+
 TCLagerActionType action(const QString &text)
 {
-    return enumValue<TCLagerActionType>(
-        text, { { u"add"_s, latAdd }, { u"sub"_s, latSub }, { u"reset-add"_s, latResetAdd }, { u"reset-sub"_s, latResetSub } },
-        u"Buchungsrichtung"_s);
+    return enumValue<TCLagerActionType>(text, actionWords, u"Buchungsrichtung"_s);
 }
 
 TCLagerModeType mode(const QString &text)
 {
-    return enumValue<TCLagerModeType>(text,
-                                      { { u"in"_s, lmtIn }, { u"out"_s, lmtOut }, { u"correction"_s, lmtCorrection },
-                                        { u"stocktaking"_s, lmtStocktaking } },
-                                      u"Belegart"_s);
+    return enumValue<TCLagerModeType>(text, modeWords, u"Belegart"_s);
 }
 
 void requireArticle(qint64 idnummer)
@@ -141,20 +153,24 @@ CliOutput postDocument(const CliContext &context, bool order)
     if (stock_ReadDocuments(p[0], p[1]).isEmpty())
         throw CliInputError{ u"Beleg \"%1\" hat in %2 keine Zeilen (Zeilen anlegen mit kxcommon stock line)."_s.arg(p[1], p[0]) };
     kx::SqlTraceCapture trace;
-    if (order)
-        Lager_PostOrder(lager);
-    else
-        Lager_PostDocument(lager);
-    const QString actionName = QString::fromLatin1(QMetaEnum::fromType<TCLagerActionType>().valueToKey(lager.fAction));
+    const int booked = order ? Lager_PostOrder(lager) : Lager_PostDocument(lager);
+    const QString actionName = wordOf(lager.fAction, actionWords);
+    const QString what = order ? u"Bestellung"_s : u"Beleg"_s;
+    const QString text =
+        booked == 0 ? u"%1 %2 in %3: nichts mehr zu buchen, alle Zeilen sind schon gebucht.\n"_s.arg(what, lager.fLinkvalue, lager.fTablename)
+                    : u"%1 %2 in %3 gebucht (%4, %5): %6 %7; %8 SQL-Anweisungen.\n"_s
+                          .arg(what, lager.fLinkvalue, lager.fTablename, actionName,
+                               order ? u"Bestellmengen"_s : TCLagerAction::ModeAsString(lager.fMode))
+                          .arg(booked)
+                          .arg(booked == 1 ? u"Zeile"_s : u"Zeilen"_s)
+                          .arg(trace.statements().size());
     return { QJsonObject{ { u"table"_s, lager.fTablename },
                           { u"document"_s, lager.fLinkvalue },
                           { u"action"_s, actionName },
-                          { u"mode"_s, TCLagerAction::ModeAsString(lager.fMode) },
+                          { u"mode"_s, wordOf(lager.fMode, modeWords) },
+                          { u"linesBooked"_s, booked },
                           { u"statements"_s, int(trace.statements().size()) } },
-             u"%1 %2 in %3 gebucht (%4, %5); %6 SQL-Anweisungen.\n"_s
-                 .arg(order ? u"Bestellung"_s : u"Beleg"_s, lager.fLinkvalue, lager.fTablename, actionName,
-                      order ? u"Bestellmengen"_s : TCLagerAction::ModeAsString(lager.fMode))
-                 .arg(trace.statements().size()) };
+             text };
 }
 
 CliOutput avail(const CliContext &context)
@@ -221,8 +237,8 @@ CliOutput showLog(const CliContext &context)
                                     { u"countbestand"_s, r.newCount },
                                     { u"preis"_s, r.preis },
                                     { u"incountavail"_s, r.inCountAvail },
-                                    { u"out_idin"_s, r.outIdIn },
-                                    { u"linkid"_s, r.linkId },
+                                    { u"out_idin"_s, cliTextOrNull(r.outIdIn) },
+                                    { u"linkid"_s, cliTextOrNull(r.linkId) },
                                     { u"tstamp"_s, r.tstamp } });
     }
     if (log.isEmpty())

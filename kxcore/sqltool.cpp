@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QUuid>
 #include <algorithm>
+#include <cmath>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -253,6 +254,19 @@ SqlValueList &SqlValueList::addText(const QString &name, const QString &text)
 QString formatFloat(double value)
 {
     return shortestFixed(value, FormatSettings().DecimalSeparator);
+}
+
+QString formatAmount(double value)
+{
+    const QChar decimal = FormatSettings().DecimalSeparator;
+    // Millionths are exact far beyond any amount; half a cent is rounded away from zero.
+    if (!std::isfinite(value) || std::abs(value) >= 1e12)
+        return QString::number(value, 'f', 2).replace(u'.', decimal);
+    const qint64 millionths = std::llround(value * 1e6);
+    const qint64 cents = (std::abs(millionths) + 5000) / 10000;
+    const QString digits = QString::number(cents).rightJustified(3, u'0');
+    return (millionths < 0 && cents != 0 ? u"-"_s : QString()) + digits.left(digits.size() - 2) + decimal
+        + digits.right(2);
 }
 
 double parseFloat(const QString &text)

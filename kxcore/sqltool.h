@@ -93,6 +93,9 @@ private:
 
 // The number in the user's format settings, as few digits as read back exactly.
 QString formatFloat(double value);
+// An amount with two decimals in the user's format settings, rounded commercially as its decimal
+// value reads (136.975 gives "136,98", though the double holds 136.97499...).
+QString formatAmount(double value);
 // A number text in the user's format settings; throws kx::ConvertError.
 double parseFloat(const QString &text);
 class SqlDialect;

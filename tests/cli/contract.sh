@@ -48,7 +48,12 @@ run 1 "Artikel 999 gibt es nicht" stock line LAGERBELEG_POS B1 999 1
 run 1 "keine Zeilen" stock post LAGERBELEG_POS LEER
 run 2 "zu viele Argumente" stock log 100 101
 run 0 "gebucht" stock post LAGERBELEG_POS B1
+run 0 "nichts mehr zu buchen" stock post LAGERBELEG_POS B1
+run 0 '"action": "sub"' --json stock post LAGERBELEG_POS B1 --action=sub --mode=out
+grep -q '"mode": "out"' out || { echo "FAIL: the mode not in the command line's word" >&2; failures=$((failures + 1)); }
+run 2 "nimmt keinen Wert" stock post LAGERBELEG_POS B1 --charge=1
 run 0 "Bestand 7,00" stock log 100
+run 0 '"out_idin": null' --json stock log 100 # a receipt draws on none
 
 # Errors as JSON on standard error; results as JSON with numbers as numbers.
 run 1 '"exitCode": 1' --json stock post LAGERBELEG_POS LEER
@@ -116,6 +121,7 @@ run 1 "ist beschädigt" symbols list kaputt.pak
 # Documents: stored in the database and back byte for byte, listed, copied; scanning through SANE's test backend.
 head -c 300000 /dev/urandom > bericht.pdf
 run 0 "angelegt" --db "sqlite:$work/leer.db" init
+run 0 '"modulId": 3,' --json --db "sqlite:$work/leer.db" modules add 0003 Wehr Personal # a number, as in the list
 run 1 "sys init" --db "sqlite:$work/leer.db" docs add Fahrzeug_Dokumente FZ-1 bericht.pdf --binary
 run 0 "Inhalt in der Datenbank" docs add Fahrzeug_Dokumente FZ-1 bericht.pdf --binary --name Einsatzbericht
 run 0 "angelegt" docs add Fahrzeug_Dokumente FZ-1 /daten/plan.pdf

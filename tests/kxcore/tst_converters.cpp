@@ -69,6 +69,19 @@ TEST(SqlConvertFloat, ReadsTheLocalesNumberFormat)
     }
 }
 
+TEST(FormatAmount, RoundsHalfACentAwayFromZeroAsTheDecimalReads)
+{
+    const struct
+    {
+        double value;
+        const char16_t *text;
+    } cases[] = { { 136.975, u"136,98" }, { 2.675, u"2,68" },   { 1.005, u"1,01" },   { 0.125, u"0,13" },
+                  { -136.975, u"-136,98" }, { -0.004, u"0,00" }, { 0, u"0,00" },     { 7, u"7,00" },
+                  { 1234567.5, u"1234567,50" }, { 0.994999, u"0,99" } };
+    for (const auto &c : cases)
+        EXPECT_EQ(kx::formatAmount(c.value), QString::fromUtf16(c.text)) << c.value;
+}
+
 TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
 {
     const struct {
