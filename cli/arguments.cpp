@@ -108,6 +108,11 @@ qint64 cliLargeNumber(const QString &text, const QString &what)
     return wholeNumber<qint64>(text, what);
 }
 
+QString cliCount(qint64 count, const QString &one, const QString &many)
+{
+    return QString::number(count) + u' ' + (count == 1 ? one : many);
+}
+
 QString cliAmount(double value)
 {
     return kx::formatAmount(value);

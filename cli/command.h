@@ -86,6 +86,8 @@ qint64 cliLargeNumber(const QString &text, const QString &what);
 QJsonValue cliTextOrNull(const QString &text);
 // An amount for text output: two decimals with the format settings' decimal separator.
 QString cliAmount(double value);
+// "1 Zeile", "2 Zeilen": the count with the noun in the number it needs.
+QString cliCount(qint64 count, const QString &one, const QString &many);
 
 // A sub-command "... init [--sample]": creates the tables, with --sample adds the sample data too.
 CliOutput cliInitTables(const CliContext &context, const std::function<void()> &create,

@@ -159,7 +159,7 @@ CliOutput cloneDocuments(const CliContext &context)
     const auto editor = editorOf(p[0], p[1]);
     editor->CloneDocuments(p[2]);
     return { QJsonObject{ { u"table"_s, p[0] }, { u"from"_s, p[1] }, { u"to"_s, p[2] }, { u"copied"_s, editor->RowCount() } },
-             u"%1 Dokumente von %2 nach %3 kopiert.\n"_s.arg(editor->RowCount()).arg(p[1], p[2]) };
+             u"%1 von %2 nach %3 kopiert.\n"_s.arg(cliCount(editor->RowCount(), u"Dokument"_s, u"Dokumente"_s), p[1], p[2]) };
 }
 
 CliOutput scanPage(const CliContext &context)

@@ -113,12 +113,10 @@ CliOutput runImport(const CliContext &context)
     if (!s.Started)
         throw CliInputError{ answers.warnings().value(0, u"Der Import wurde nicht gestartet."_s) };
     QJsonArray errors;
-    QString text = u"%1: %2 Zeilen gelesen, %3 Zeilen angelegt, %4 vorhandene Zeilen geändert, %5 Anweisungen.\n"_s
-                       .arg(table->Tablename)
-                       .arg(s.LinesRead)
-                       .arg(s.RowsInserted)
-                       .arg(s.RowsUpdated)
-                       .arg(s.Statements);
+    QString text = u"%1: %2 gelesen, %3 angelegt, %4 geändert, %5.\n"_s.arg(
+        table->Tablename, cliCount(s.LinesRead, u"Zeile"_s, u"Zeilen"_s), cliCount(s.RowsInserted, u"Zeile"_s, u"Zeilen"_s),
+        cliCount(s.RowsUpdated, u"vorhandene Zeile"_s, u"vorhandene Zeilen"_s),
+        cliCount(s.Statements, u"Anweisung"_s, u"Anweisungen"_s));
     for (const TImportColumnError &e : s.ColumnErrors) {
         errors.append(QJsonObject{ { u"line"_s, e.Line }, { u"field"_s, e.Caption }, { u"error"_s, e.Error } });
         text += u"Zeile %1, %2: %3\n"_s.arg(e.Line).arg(e.Caption, e.Error.section(u'\n', 0, 0));

@@ -158,12 +158,11 @@ CliOutput postDocument(const CliContext &context, bool order)
     const QString what = order ? u"Bestellung"_s : u"Beleg"_s;
     const QString text =
         booked == 0 ? u"%1 %2 in %3: nichts mehr zu buchen, alle Zeilen sind schon gebucht.\n"_s.arg(what, lager.fLinkvalue, lager.fTablename)
-                    : u"%1 %2 in %3 gebucht (%4, %5): %6 %7; %8 SQL-Anweisungen.\n"_s
-                          .arg(what, lager.fLinkvalue, lager.fTablename, actionName,
-                               order ? u"Bestellmengen"_s : TCLagerAction::ModeAsString(lager.fMode))
-                          .arg(booked)
-                          .arg(booked == 1 ? u"Zeile"_s : u"Zeilen"_s)
-                          .arg(trace.statements().size());
+                    : u"%1 %2 in %3 gebucht (%4, %5): %6; %7.\n"_s.arg(
+                          what, lager.fLinkvalue, lager.fTablename, actionName,
+                          order ? u"Bestellmengen"_s : TCLagerAction::ModeAsString(lager.fMode),
+                          cliCount(booked, u"Zeile"_s, u"Zeilen"_s),
+                          cliCount(trace.statements().size(), u"SQL-Anweisung"_s, u"SQL-Anweisungen"_s));
     return { QJsonObject{ { u"table"_s, lager.fTablename },
                           { u"document"_s, lager.fLinkvalue },
                           { u"action"_s, actionName },
@@ -299,9 +298,9 @@ CliOutput listDocuments(const CliContext &context)
             json.append(QJsonObject{ { u"table"_s, d.table }, { u"document"_s, d.document }, { u"lines"_s, d.lines },
                                      { u"anzahl"_s, d.anzahl }, { u"countlager"_s, d.countLager },
                                      { u"countbestellt"_s, d.countBestellt } });
-            text += u"%1 %2: %3 Zeilen, Menge %4, gebucht %5, bestellt %6\n"_s.arg(d.table, d.document)
-                        .arg(d.lines)
-                        .arg(cliAmount(d.anzahl), cliAmount(d.countLager), cliAmount(d.countBestellt));
+            text += u"%1 %2: %3, Menge %4, gebucht %5, bestellt %6\n"_s.arg(
+                d.table, d.document, cliCount(d.lines, u"Zeile"_s, u"Zeilen"_s), cliAmount(d.anzahl),
+                cliAmount(d.countLager), cliAmount(d.countBestellt));
         }
     }
     if (json.isEmpty())

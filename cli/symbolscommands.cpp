@@ -43,7 +43,8 @@ CliOutput packSymbols(const CliContext &context)
                           { u"symbols"_s, facts.symbols },
                           { u"languages"_s, QJsonArray::fromStringList(facts.languages) },
                           { u"bytes"_s, bytes } },
-             u"%1: %2 Symbole, Sprachen %3, %4 Bytes.\n"_s.arg(p[1]).arg(facts.symbols).arg(facts.languages.join(u", "_s)).arg(bytes) };
+             u"%1: %2, Sprachen %3, %4 Bytes.\n"_s.arg(p[1], cliCount(facts.symbols, u"Symbol"_s, u"Symbole"_s),
+                                                         facts.languages.join(u", "_s)).arg(bytes) };
 }
 
 CliOutput listSymbols(const CliContext &context)

@@ -95,15 +95,14 @@ step tenant-filter Fahrzeug FFM --unrestricted
 echo
 echo "--- Import: ein Straßenverzeichnis aus einem anderen Programm (Windows-1252, CRLF, ohne Kopfzeile) ---"
 examples=$(cd "$(dirname "$0")/../examples/import" && pwd)
-cp "$examples/orte.csv" "$examples/orte.iDef" "$work/"
+cp "$examples/orte.csv" "$examples/orte.iDef" "$examples/orte-schluessel.iDef" "$work/"
 step import-columns "$work/orte.csv"
 step import ORTE "$work/orte.csv" --def "$work/orte.iDef" --yes
 step district 64287 Darmstadt "Nieder-Ramstädter Straße" 42
 step district 64291 Darmstadt "Frankfurter Landstr." 120
 echo
 echo "(Mit Schlüsselfeld STRASSE und Schlüsselspalte 4 ändert ein zweiter Import die vorhandenen Zeilen, statt sie zu verdoppeln.)"
-printf '_Key1_=STRASSE.ORTE\r\n_Key2_=Spalte 4\r\n' >> "$work/orte.iDef"
-step --json import ORTE "$work/orte.csv" --def "$work/orte.iDef" --yes
+step --json import ORTE "$work/orte.csv" --def "$work/orte-schluessel.iDef" --yes
 
 echo
 echo "--- Symbole der Lagekarte: eine Symboldatei aus Zeichnungen bauen, auflisten, ein Bild herausholen ---"

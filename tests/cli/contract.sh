@@ -104,7 +104,7 @@ mkdir -p symbole/Fahrzeuge
 printf '<svg xmlns="http://www.w3.org/2000/svg" width="32" height="16"><rect width="32" height="16" fill="red"/></svg>' \
     > symbole/Fahrzeuge/LF.svg
 printf 'Fahrzeuge/LF.svg;Fire engine;Vehicles\n' > symbole/names.en.csv
-run 0 "1 Symbole, Sprachen de, en" symbols pack symbole s.pak --svg-size 40
+run 0 "1 Symbol, Sprachen de, en" symbols pack symbole s.pak --svg-size 40
 run 2 "8 bis 1024" symbols pack symbole s.pak --svg-size 4
 run 1 "gibt es nicht" symbols pack fehlt s.pak
 run 0 '"name": "Fire engine"' --json symbols list s.pak
