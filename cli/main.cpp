@@ -2,6 +2,8 @@
 // kxcommon: the package's functions on the command line, for scripts and other programs.
 #include "command.h"
 
+#include <kxcommon/version.h>
+
 #include "globals.h"
 #include "kxerror.h"
 #include "sqlconnection.h"
@@ -222,7 +224,7 @@ int main(int argc, char *argv[])
         } else if (argument == u"--verbose"_s) {
             context.verbose = true;
         } else if (argument == u"--version"_s) {
-            out << "kxcommon " << KXCOMMON_VERSION << '\n';
+            out << "kxcommon " << kx::libraryVersion() << '\n';
             return 0;
         } else if (argument == u"--help"_s || argument == u"-h"_s) {
             help = true;

@@ -6,9 +6,11 @@
 #include <QString>
 #include <QStringList>
 
-#include "sqldialect.h"
-
 class TCSqlConnection;
+namespace kx {
+class SqlDialect;
+struct ScaledColumn;
+} // namespace kx
 
 enum TCFieldFlag : unsigned {
     fIndex = 1,       // a single-column index
@@ -157,7 +159,7 @@ private:
     // The column definitions in creation order: the definition's, binary columns last where the
     // product needs them there.
     QStringList creationColumns(const kx::SqlDialect &dialect) const;
-    QList<kx::SqlDialect::ScaledColumn> scaledColumns() const;
+    QList<kx::ScaledColumn> scaledColumns() const;
     // Where the product does not hold decimal columns at their scale itself, the triggers that do.
     void ensureScale(TCSqlConnection &connection) const;
     struct PlannedIndex

@@ -3,6 +3,7 @@
 // one round trip instead of one each.
 #include "kxerror.h"
 #include "sqlconnection.h"
+#include "sqldriver.h"
 
 #include <algorithm>
 #include <utility>

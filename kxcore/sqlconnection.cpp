@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "sqlconnection.h"
+#include "sqldriver.h"
 
 #include "globals.h"
 #include "kxerror.h"

@@ -1,17 +1,42 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "sqldriver.h"
+#include "sqlresult.h"
 
 #include <QObject>
 #include <QStringList>
 #include <memory>
 #include <optional>
 
+class QIODevice;
+
 namespace kx {
 class SqlDialect;
+class SqlDriver;
 class DeferredWrites;
-}
+
+// Where a binary value lives: Column of the one row of Table whose KeyColumn holds Key.
+struct BlobLocation
+{
+    QString table, column, keyColumn, key;
+    // The condition of the row, the key quoted.
+    QString where() const;
+};
+
+struct ConnectionParameters
+{
+    QString product; // "sqlite", "postgres" or "firebird"
+    QString user;
+    QString password;
+    QString host;
+    int port = 0;
+    QString database; // file path or database name
+    // "?name=value&..." of the connection string, for the client (PostgreSQL: any of libpq's
+    // connection options such as sslmode; Firebird: role, connect_timeout).
+    QList<std::pair<QString, QString>> options;
+};
+
+} // namespace kx
 
 // The one database connection of the application. Every statement runs on its own and is
 // committed when it returns, unless a caller has opened a transaction (kx::SqlTransaction); a

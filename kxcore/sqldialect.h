@@ -8,6 +8,13 @@
 
 namespace kx {
 
+// A Numeric(p,s) column of a table and its scale s.
+struct ScaledColumn
+{
+    QString name;
+    int scale;
+};
+
 // How a product reads quotes and comments beyond the standard '...', "...", -- and /* */.
 // The one-statement check must read a text exactly as the product will, or a quote form the
 // product knows and the check does not could hide a second statement.
@@ -79,11 +86,7 @@ public:
     // What keeps the decimal columns of a table at their scale where the product does not: each
     // trigger as (name, CREATE statement), and the statement that brings rows written before it
     // to scale. Empty where the product stores Numeric(p,s) with scale s itself.
-    struct ScaledColumn
-    {
-        QString name;
-        int scale;
-    };
+    using ScaledColumn = kx::ScaledColumn;
     struct ScaleTriggers
     {
         QList<std::pair<QString, QString>> triggers;

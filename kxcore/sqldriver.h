@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "sqlconnection.h"
 #include "sqlresult.h"
 
 #include <QString>
@@ -11,13 +12,6 @@ class QIODevice;
 
 namespace kx {
 
-// Where a binary value lives: Column of the one row of Table whose KeyColumn holds Key.
-struct BlobLocation
-{
-    QString table, column, keyColumn, key;
-    // The condition of the row, the key quoted.
-    QString where() const;
-};
 
 class SqlDialect;
 
@@ -83,18 +77,6 @@ inline constexpr qint64 blobChunk = 1 << 20;
 // A 64-bit key for a lock name, the same in every process.
 qint64 lockKey(const QString &name);
 
-struct ConnectionParameters
-{
-    QString product; // "sqlite", "postgres" or "firebird"
-    QString user;
-    QString password;
-    QString host;
-    int port = 0;
-    QString database; // file path or database name
-    // "?name=value&..." of the connection string, for the client (PostgreSQL: any of libpq's
-    // connection options such as sslmode; Firebird: role, connect_timeout).
-    QList<std::pair<QString, QString>> options;
-};
 
 std::unique_ptr<SqlDriver> openSqliteDriver(const ConnectionParameters &parameters);
 std::unique_ptr<SqlDriver> openPostgresDriver(const ConnectionParameters &parameters);

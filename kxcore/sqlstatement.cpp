@@ -3,6 +3,7 @@
 // ";" that ends a statement.
 #include "kxerror.h"
 #include "sqlconnection.h"
+#include "sqldriver.h"
 #include "sqldialect.h"
 
 #include <QRegularExpression>

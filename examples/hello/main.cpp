@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: CC0-1.0
 // Opens a database, creates the fee tables with the sample schedule, calculates the fee of a
 // fire operation and splits an alarm's street text.
-#include <aaocommon.h>
-#include <feedata.h>
-#include <gscommon.h>
-#include <kxerror.h>
-#include <sqlconnection.h>
+#include <kxcommon/aaocommon.h>
+#include <kxcommon/feedata.h>
+#include <kxcommon/gscommon.h>
+#include <kxcommon/kxerror.h>
+#include <kxcommon/sqlconnection.h>
 
 #include <QCoreApplication>
 #include <cstdio>
