@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QFrame>
 
 class TCEdit;
@@ -10,7 +12,7 @@ class TCSqlQuery;
 // field's pick list comes from the street directory "Orte", narrowed by what the other fields
 // hold, and a field that no longer fits the one above it is cleared. Values go into the
 // statements as typed (a quote breaks the statement); database errors pass through.
-class TfrmPlzOrtStrasse : public QFrame
+class KXCOMMON_EXPORT TfrmPlzOrtStrasse : public QFrame
 {
     Q_OBJECT
 

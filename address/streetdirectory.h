@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QString>
 
 // A street directory "ORTE" of realistic size for the demo, the tests and the benchmark, made up
@@ -8,7 +10,7 @@
 // postcode with between 5 and 20 streets of a list of common German street names, about 12.5
 // streets per postcode on average. The same Seed gives the same directory on every product.
 // Postcodes already in the directory are not chosen.
-struct StreetDirectoryFacts
+struct KXCOMMON_CORE_EXPORT StreetDirectoryFacts
 {
     int postcodes = 0;
     int towns = 0;
@@ -21,4 +23,4 @@ struct StreetDirectoryFacts
 // Adds the rows to ORTE (created when missing) and returns what it wrote. The rows are copied
 // inside the database from two small helper tables, so that 100 000 rows do not cost 100 000
 // statements; the helper tables are dropped afterwards.
-StreetDirectoryFacts address_GenerateDirectory(int postcodes, unsigned seed = 1);
+KXCOMMON_CORE_EXPORT StreetDirectoryFacts address_GenerateDirectory(int postcodes, unsigned seed = 1);

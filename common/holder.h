@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "globals.h"
 
 #include <QObject>
@@ -9,7 +11,7 @@
 
 // Base of the hidden holder of a unit: a container of table definitions and queries, owned by
 // the application owner, scaled when it is created.
-class THolderForm : public QObject
+class KXCOMMON_CORE_EXPORT THolderForm : public QObject
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "dataaccess.h"
 
 #include <QDate>
@@ -11,12 +13,12 @@
 // settings names read: "AAO", "AAO_Orte", the street directory "ORTE" and "sysparam"; and the
 // writes that fill them (for the command line, its demo, the tests and the benchmark).
 
-void dispatch_CreateTables();
+KXCOMMON_CORE_EXPORT void dispatch_CreateTables();
 // The definitions of AAO, AAO_Orte, ORTE and sysparam.
-QList<TCTableDef> dispatch_Tables();
+KXCOMMON_CORE_EXPORT QList<TCTableDef> dispatch_Tables();
 
 // A rule of "AAO". Restricted rules carry weekday flags (Monday first) and time and date windows.
-struct AaoRule
+struct KXCOMMON_CORE_EXPORT AaoRule
 {
     QString alarmkuerzel;
     QString objekt;     // empty: every object
@@ -28,35 +30,35 @@ struct AaoRule
     QString bezeichnung;
 };
 // Returns the rule's Id.
-QString dispatch_AddRule(const AaoRule &rule);
-struct AaoRuleRow
+KXCOMMON_CORE_EXPORT QString dispatch_AddRule(const AaoRule &rule);
+struct KXCOMMON_CORE_EXPORT AaoRuleRow
 {
     QString id;
     AaoRule rule;
 };
 // Every rule of "AAO", by keyword and name.
-QList<AaoRuleRow> dispatch_ReadRules();
+KXCOMMON_CORE_EXPORT QList<AaoRuleRow> dispatch_ReadRules();
 // The name (BEZEICHNUNG) of a rule; empty for an empty or unknown Id.
-QString dispatch_RuleName(const QString &ruleId);
+KXCOMMON_CORE_EXPORT QString dispatch_RuleName(const QString &ruleId);
 // A further place of a rule.
-void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort);
+KXCOMMON_CORE_EXPORT void dispatch_AddRulePlace(const QString &ruleId, const QString &einsatzort);
 
 // A street of the directory. The search columns SELECTPLZ, SELECTORT and SELECTSTRASSE are
 // filled with SqlGetSelectFieldValue, the same normalisation the look-ups use.
-struct OrtEntry
+struct KXCOMMON_CORE_EXPORT OrtEntry
 {
     QString plz, ort, ortsteil, strasse;
     std::optional<int> geradeVon, geradeBis, ungeradeVon, ungeradeBis;
     QString hausnummer; // a row per house number, where the directory lists them
 };
-void dispatch_AddOrt(const OrtEntry &entry);
+KXCOMMON_CORE_EXPORT void dispatch_AddOrt(const OrtEntry &entry);
 // Fills the search columns of a street row written by other means (the import) from its
 // PLZ, ORT and STRASSE.
-void dispatch_UpdateOrtSelect(const QString &id);
+KXCOMMON_CORE_EXPORT void dispatch_UpdateOrtSelect(const QString &id);
 
 // A settings row of that name.
-void dispatch_AddSysparam(const QString &p1);
+KXCOMMON_CORE_EXPORT void dispatch_AddSysparam(const QString &p1);
 
 // The sample data of the demo, of the project's own making: a few AAO rules and streets. Nothing
 // is added when the sample rules are there.
-void dispatch_AddSampleData();
+KXCOMMON_CORE_EXPORT void dispatch_AddSampleData();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QDialog>
 
 class QComboBox;
@@ -14,7 +16,7 @@ class QTreeView;
 // The browser the document dialogs show when the user may only use the search paths: the
 // search paths to choose from ("SearchIn"), a folder tree rooted at the chosen one and the
 // entries of the folder selected in it. Shared by the open and the save form.
-class TDocBrowserForm : public QDialog
+class KXCOMMON_EXPORT TDocBrowserForm : public QDialog
 {
     Q_OBJECT
 
@@ -52,6 +54,6 @@ private:
 
 // The search paths as the forms offer them: the non-empty entries of cSearchPathList in order,
 // each once regardless of letter case (the first spelling kept).
-QStringList documentSearchPaths();
+KXCOMMON_EXPORT QStringList documentSearchPaths();
 // Whether the documents may only be chosen below the search paths ("OnlyUseSearchPath").
-bool onlyUseSearchPath();
+KXCOMMON_EXPORT bool onlyUseSearchPath();

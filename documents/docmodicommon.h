@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "strtools.h"
 
 #include <QDialog>
@@ -22,7 +24,7 @@ class TCParameter;
 // "_Modi_" = "1" when it was changed and is to be saved. Documents are opened with their
 // programs, stored ones saved to a folder, paper scanned into JPEG files, and all rows copied to
 // another record.
-class TDocModiCommonForm : public QDialog
+class KXCOMMON_EXPORT TDocModiCommonForm : public QDialog
 {
     Q_OBJECT
 

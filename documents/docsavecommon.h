@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "docbrowser.h"
 
 class QLineEdit;
@@ -8,7 +10,7 @@ class TCFileDialog;
 
 // "Dokument speichern": a folder below the search paths and a file name; the list shows the
 // folders and the JPEG pictures already there. "Speichern" confirms only with a name.
-class TDocSaveCommonForm : public TDocBrowserForm
+class KXCOMMON_EXPORT TDocSaveCommonForm : public TDocBrowserForm
 {
     Q_OBJECT
 
@@ -23,4 +25,4 @@ public:
 // Asks where to save a document; true when a target was chosen, its path in Path. With
 // "OnlyUseSearchPath" the browser above (the folder selected in its tree and the name),
 // otherwise the standard dialog, its file name unchanged.
-bool SaveCommonDocument(QString &Path);
+KXCOMMON_EXPORT bool SaveCommonDocument(QString &Path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QDialog>
 
 class QAction;
@@ -10,7 +12,7 @@ class TCSqlQuery;
 
 // "Dokumente": the documents of one record in a small list (name and document), the chosen
 // one opened with its program. The statements paste the table and ids unescaped.
-class TDocViewCommonForm : public QDialog
+class KXCOMMON_EXPORT TDocViewCommonForm : public QDialog
 {
     Q_OBJECT
 
@@ -34,4 +36,4 @@ protected:
 };
 
 // Shows the documents of a record modally.
-void ShowCommonDokuments(const QString &TableName, const QString &ParentId);
+KXCOMMON_EXPORT void ShowCommonDokuments(const QString &TableName, const QString &ParentId);

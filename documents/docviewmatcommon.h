@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "docviewcommon.h"
 
 // The documents of a material ("Mat_Dokumente"), whose rows may hang on any of three parents.
-class TDocViewMatCommonForm : public TDocViewCommonForm
+class KXCOMMON_EXPORT TDocViewMatCommonForm : public TDocViewCommonForm
 {
     Q_OBJECT
 
@@ -16,7 +18,7 @@ public:
 };
 
 // Shows the material documents of the three parents modally.
-void ShowCommonMatDokuments(const QString &Id1, const QString &Id2, const QString &Id3);
+KXCOMMON_EXPORT void ShowCommonMatDokuments(const QString &Id1, const QString &Id2, const QString &Id3);
 // The number of material documents on any of the three parents. Deliberate: an empty id is
 // compared like any other, so three empty ids count the rows without a parent.
-int CheckCommonMatDokuments(const QString &Id1, const QString &Id2, const QString &Id3);
+KXCOMMON_EXPORT int CheckCommonMatDokuments(const QString &Id1, const QString &Id2, const QString &Id3);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "wordautomation.h"
 
 #include <QHash>
@@ -14,7 +16,7 @@
 // writes the documents and opens each for the user through the document launcher. Binary
 // .doc/.dot templates, files that are no zip archive and archives without a document part cannot
 // be filled: CannotFill says why.
-class TOoxmlWordApplication : public TWordApplication
+class KXCOMMON_EXPORT TOoxmlWordApplication : public TWordApplication
 {
 public:
     TOoxmlWordApplication();
@@ -36,10 +38,10 @@ private:
 };
 
 // The legacy text form fields of a document, in document order: name and shown text.
-QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document);
+KXCOMMON_EXPORT QList<std::pair<QString, QString>> ooxmlFormFields(const QString &document);
 
 // One pass over a document part (word/document.xml): the part with Results (by the form field's
 // number, from 0) in place of the fields' shown texts, and the fields' names and shown texts as
 // they stand in the part written. Throws kx::Error for a part that is not well-formed XML.
-QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names,
+KXCOMMON_EXPORT QByteArray ooxmlFillFormFields(const QByteArray &part, const QHash<int, QString> &results, QStringList *names,
                                QStringList *shown);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -10,7 +12,7 @@
 // The scanner as the document editor drives it, one call per step of a scan: load the driver
 // layer, open its source manager, list the sources, select and open one, acquire one page as a
 // JPEG picture, close the session, unload. Tests replace it; the real one is SANE.
-class TScannerSession
+class KXCOMMON_EXPORT TScannerSession
 {
 public:
     virtual ~TScannerSession() = default;
@@ -27,7 +29,7 @@ public:
 
 // SANE through libsane: the sources are SANE's device names ("test:0", "genesys:libusb:001:004").
 // Errors raise a kx::Error with SANE's status text.
-class TSaneScanner : public TScannerSession
+class KXCOMMON_EXPORT TSaneScanner : public TScannerSession
 {
 public:
     ~TSaneScanner() override;
@@ -48,4 +50,4 @@ private:
 
 // Makes the scanner session of a scan (SANE unless replaced).
 using TScannerFactory = std::function<std::unique_ptr<TScannerSession>()>;
-TScannerFactory &scannerFactory();
+KXCOMMON_EXPORT TScannerFactory &scannerFactory();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QString>
 #include <functional>
 #include <memory>
@@ -8,7 +10,7 @@
 // The word processor's object model as the merge drives it: the application, its documents
 // ("Documents.Add" of a template) and the active document's legacy form fields (1-based, as the
 // object model counts them).
-class TWordDocument
+class KXCOMMON_EXPORT TWordDocument
 {
 public:
     virtual ~TWordDocument() = default;
@@ -17,7 +19,7 @@ public:
     virtual void SetFormFieldResult(int item, const QString &result) = 0;
 };
 
-class TWordApplication
+class KXCOMMON_EXPORT TWordApplication
 {
 public:
     virtual ~TWordApplication() = default;
@@ -35,4 +37,4 @@ public:
 
 // Makes the application object for a merge ("get the running one, else create one").
 using TWordApplicationFactory = std::function<std::unique_ptr<TWordApplication>()>;
-TWordApplicationFactory &wordApplicationFactory();
+KXCOMMON_EXPORT TWordApplicationFactory &wordApplicationFactory();

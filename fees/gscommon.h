@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "holder.h"
 
 #include <QPointer>
@@ -11,7 +13,7 @@ class TCSqlQuery;
 
 // One result of the fee calculation: a number with the caption and cost column it stands for.
 // Never set, it reads as 0.
-class TGSResult
+class KXCOMMON_CORE_EXPORT TGSResult
 {
 public:
     TGSResult(QString caption, QString dataField)
@@ -30,7 +32,7 @@ private:
 };
 
 // Holder of the fee calculation: the queries over the fee schedule and the five results.
-class TGSCommonForm : public THolderForm
+class KXCOMMON_CORE_EXPORT TGSCommonForm : public THolderForm
 {
     Q_OBJECT
 
@@ -56,11 +58,11 @@ private:
     void FormCreate();
 };
 
-extern QPointer<TGSCommonForm> GSCommonForm;
+extern KXCOMMON_CORE_EXPORT QPointer<TGSCommonForm> GSCommonForm;
 
 // The legs "FWA --> FW", "FW --> SV/GV", "SV/GV --> KT" of an operation, without kilometres.
-bool CalcGebuhren(QString ScheduleId, QString Event, int32_t Days, int32_t Hours, int32_t Minutes, double Quantity,
+KXCOMMON_CORE_EXPORT bool CalcGebuhren(QString ScheduleId, QString Event, int32_t Days, int32_t Hours, int32_t Minutes, double Quantity,
                   double &CostFwaFw, double &CostFwSvgv, double &CostSvgvKt);
 // As above, the second and third leg with their kilometre amounts.
-bool CalcGebuhren(QString ScheduleId, QString Event, int32_t Days, int32_t Hours, int32_t Minutes, double Quantity,
+KXCOMMON_CORE_EXPORT bool CalcGebuhren(QString ScheduleId, QString Event, int32_t Days, int32_t Hours, int32_t Minutes, double Quantity,
                   double Kilometres, double &CostFwaFw, double &CostFwSvgv, double &CostSvgvKt);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -18,7 +20,7 @@ class TCDataAccess;
 // in importcommonform.h.
 
 // A row of the database field list: "caption.TABLE" and its seven sub-items.
-struct TImportField
+struct KXCOMMON_CORE_EXPORT TImportField
 {
     enum SubItem { Column, Table, Field, DataType, Generator, GeneratorMin, Main };
     QString Caption;
@@ -27,7 +29,7 @@ struct TImportField
 
 // The field list and the tables taking part (name, "TRUE" for the main table, "FALSE" for a
 // child, main table first).
-struct TImportSetup
+struct KXCOMMON_CORE_EXPORT TImportSetup
 {
     QList<TImportField> Fields;
     QList<std::pair<QString, QString>> TableList;
@@ -35,44 +37,44 @@ struct TImportSetup
 
 // The rows of one table definition (AddImportTableFields): every field but ID, IDPARENT and
 // MANDANTID, and EINHEIT only for unit records (Tag -99).
-QList<TImportField> importTableFields(TCDataAccess *dataAccess, bool isMain, int tag);
+KXCOMMON_CORE_EXPORT QList<TImportField> importTableFields(TCDataAccess *dataAccess, bool isMain, int tag);
 // The main table and every child of its child collection that has a definition.
-TImportSetup importSetup(TCDataAccess *source, int tag);
+KXCOMMON_CORE_EXPORT TImportSetup importSetup(TCDataAccess *source, int tag);
 
 // The columns of the file's first line ("Spalte n" is column n + 1): the texts between ";"
 // after one ";" is appended, quotes kept as they stand. Throws kx::Error when the file cannot
 // be read; check importFileExists first for the user's message.
-QStringList importFileColumns(const QString &fileName);
-bool importFileExists(const QString &fileName);
+KXCOMMON_CORE_EXPORT QStringList importFileColumns(const QString &fileName);
+KXCOMMON_CORE_EXPORT bool importFileExists(const QString &fileName);
 // The warning shown when the data file of a definition or of the file dialog is missing.
-QString importMissingFileMessage(const QString &fileName);
+KXCOMMON_CORE_EXPORT QString importMissingFileMessage(const QString &fileName);
 
 // The definition file: name=value lines, one per paired field (caption=column, in list order),
 // then "_File_", "_Key1_" and "_Key2_"; an empty value leaves no line.
-struct TImportDefinition
+struct KXCOMMON_CORE_EXPORT TImportDefinition
 {
     QList<std::pair<QString, QString>> Values;
     QString value(const QString &name) const;
 };
 // Throws kx::Error when the file cannot be written or read (missing, a folder).
-void importWriteDefinition(const QString &fileName, const QList<TImportField> &fields, const QString &dataFile,
+KXCOMMON_CORE_EXPORT void importWriteDefinition(const QString &fileName, const QList<TImportField> &fields, const QString &dataFile,
                            const QString &key1, const QString &key2);
-TImportDefinition importReadDefinition(const QString &fileName);
+KXCOMMON_CORE_EXPORT TImportDefinition importReadDefinition(const QString &fileName);
 // What a definition names that the field list or the file does not have, as German sentences: a
 // caption of no field, a column that is no number, a key field (_Key1_) of no caption, a key
 // column (_Key2_) not among the first line's FileColumns columns (-1: the file is not known). A run with such a definition would add rows where it should update them, so it is
 // refused before anything is written. Empty when the definition fits.
-QStringList importDefinitionProblems(const QList<TImportField> &fields, const TImportDefinition &definition,
+KXCOMMON_CORE_EXPORT QStringList importDefinitionProblems(const QList<TImportField> &fields, const TImportDefinition &definition,
                                      qsizetype fileColumns);
 // Pairs each field with the column stored under its caption (none when there is none).
-void importApplyDefinition(QList<TImportField> &fields, const TImportDefinition &definition);
+KXCOMMON_CORE_EXPORT void importApplyDefinition(QList<TImportField> &fields, const TImportDefinition &definition);
 
 using TNotifyImportBeforeInsert = std::function<void(QObject *sender, QStringList &fields, QStringList &values)>;
 using TNotifyImportAfterUpdateRecord = std::function<void(QObject *sender, const QString &id)>;
 
 // A value that could not be written: the file's line number (1-based), the field's caption,
 // the error text.
-struct TImportColumnError
+struct KXCOMMON_CORE_EXPORT TImportColumnError
 {
     qint64 Line = 0;
     QString Caption;
@@ -80,7 +82,7 @@ struct TImportColumnError
 };
 
 // What a run did, for the command line's summary.
-struct TImportSummary
+struct KXCOMMON_CORE_EXPORT TImportSummary
 {
     bool Started = false;  // the questions were answered and the first table touched
     bool Finished = false; // "Daten wurden importiert." was shown
@@ -92,7 +94,7 @@ struct TImportSummary
 };
 
 // How the run shows its progress and keeps the window responsive; every hook may be empty.
-struct TImportProgress
+struct KXCOMMON_CORE_EXPORT TImportProgress
 {
     std::function<void(qint64 maximum)> SetMaximum;
     std::function<void(qint64 position)> SetPosition;
@@ -106,7 +108,7 @@ struct TImportProgress
 // and after a line whose child row was committed explicitly. Lines = 0 runs statement by
 // statement without any transaction, every statement committing on its own; a line is then not
 // atomic (for comparison only).
-struct TImportBatch
+struct KXCOMMON_CORE_EXPORT TImportBatch
 {
     int Lines = 1000;
     int Milliseconds = 1000;
@@ -115,7 +117,7 @@ struct TImportBatch
 // One run of the import (the start button). Questions and messages go through MsgDlg; an error
 // outside the guarded places ends the run and goes on to the caller, with what was written
 // staying written.
-class TImportRun
+class KXCOMMON_CORE_EXPORT TImportRun
 {
 public:
     QObject *Sender = nullptr;
@@ -162,19 +164,19 @@ private:
 // The definition of a table to import into: the package's own definition when it knows the
 // table (system, registry, tenant, stock, fee, AAO and street-directory tables), else one read
 // from the database's catalog. Throws kx::Error for a table that does not exist.
-TCDataAccess *importTableDefinition(const QString &table, QObject *owner);
+KXCOMMON_CORE_EXPORT TCDataAccess *importTableDefinition(const QString &table, QObject *owner);
 // What the module owning a table does after each written row, where the package knows it: the
 // street directory ORTE fills its search columns. Empty for other tables.
-TNotifyImportAfterUpdateRecord importAfterUpdateHook(const QString &table);
+KXCOMMON_CORE_EXPORT TNotifyImportAfterUpdateRecord importAfterUpdateHook(const QString &table);
 
 // "Spalte n": the key-column item of file column N (1-based), as the form offers it.
-QString importColumnKey(qsizetype n);
+KXCOMMON_CORE_EXPORT QString importColumnKey(qsizetype n);
 // A run without a window: the field list of the table and its children paired as the
 // definition says, its key pair (_Key1_, _Key2_) and the key-column items of the file (none when
 // the file is missing: the run then reports it). The file is the one given, not _File_.
-TImportRun importRunFor(TCDataAccess *source, int tag, const TImportDefinition &definition, const QString &fileName);
+KXCOMMON_CORE_EXPORT TImportRun importRunFor(TCDataAccess *source, int tag, const TImportDefinition &definition, const QString &fileName);
 
 // The N-th (1-based) field of a line, every double quote removed, trimmed.
-QString GetImportField(const QString &line, int n);
+KXCOMMON_CORE_EXPORT QString GetImportField(const QString &line, int n);
 // The length between the first "(" and ")" of a type text; kx::ConvertError without one.
-int GetFieldLength(const QString &dataType);
+KXCOMMON_CORE_EXPORT int GetFieldLength(const QString &dataType);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "importcommon.h"
 
 #include <QDialog>
@@ -21,7 +23,7 @@ class TCSqlQuery;
 // The import form "Importieren": the importable fields of a table and its child tables on the
 // left, the columns of the chosen file (with the first line as sample content) on the right;
 // the user pairs them, keeps the pairing as an ".iDef" file and starts the run.
-class TImportCommonForm : public QDialog
+class KXCOMMON_EXPORT TImportCommonForm : public QDialog
 {
     Q_OBJECT
 
@@ -94,4 +96,4 @@ private:
 };
 
 // Opens the import form for a table (modal) and returns when the user closes it.
-void ImportCommon_Execute(TCDataAccess *source, int tag = 0, QWidget *owner = nullptr);
+KXCOMMON_EXPORT void ImportCommon_Execute(TCDataAccess *source, int tag = 0, QWidget *owner = nullptr);

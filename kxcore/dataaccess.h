@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -22,7 +24,7 @@ enum TCFieldFlag : unsigned {
 };
 
 // One column of a table definition.
-struct TCFieldDef
+struct KXCOMMON_CORE_EXPORT TCFieldDef
 {
     TCFieldDef() = default;
     TCFieldDef(QString fieldname, QString sqlType, unsigned flags = 0, QString caption = {})
@@ -65,7 +67,7 @@ struct TCFieldDef
 };
 
 // A named index over one or more columns ("Dialog,Control").
-struct TCIndexDef
+struct KXCOMMON_CORE_EXPORT TCIndexDef
 {
     QString IndexName;
     bool IndexUnique = false;
@@ -73,14 +75,14 @@ struct TCIndexDef
 };
 
 // A numbered access right of a table.
-struct TCRight
+struct KXCOMMON_CORE_EXPORT TCRight
 {
     int Number = 0;
     QString Caption;
 };
 
 // A table definition as plain data, declared in the unit that owns the table.
-struct TCTableDef
+struct KXCOMMON_CORE_EXPORT TCTableDef
 {
     QString Tablename;
     QList<TCFieldDef> Fields;
@@ -89,14 +91,14 @@ struct TCTableDef
 };
 
 // Creates or alters a table of the platform's own from its definition (AlterOrCreateTable).
-void alterOrCreateTable(const TCTableDef &table, TCSqlConnection *connection);
+KXCOMMON_CORE_EXPORT void alterOrCreateTable(const TCTableDef &table, TCSqlConnection *connection);
 
 // The suite's standard rights list (in its order).
-const QList<TCRight> &standardRights();
+KXCOMMON_CORE_EXPORT const QList<TCRight> &standardRights();
 
 class TCDataAccess;
 
-class TCFieldDefs
+class KXCOMMON_CORE_EXPORT TCFieldDefs
 {
 public:
     int Count() const { return int(m_items.size()); }
@@ -112,12 +114,12 @@ private:
 };
 
 // An item of the child collection; it may hold no definition.
-struct TCDataAccessChild
+struct KXCOMMON_CORE_EXPORT TCDataAccessChild
 {
     TCDataAccess *DataAccess = nullptr;
 };
 
-class TCDataAccessChilds
+class KXCOMMON_CORE_EXPORT TCDataAccessChilds
 {
 public:
     int Count() const { return int(m_items.size()); }
@@ -129,7 +131,7 @@ private:
 };
 
 // A table definition of a holder: its schema, children and rights; creates or alters its table.
-class TCDataAccess : public QObject
+class KXCOMMON_CORE_EXPORT TCDataAccess : public QObject
 {
     Q_OBJECT
 

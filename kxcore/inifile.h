@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -11,7 +13,7 @@
 // encoding (UTF-8 with or without mark, UTF-16 with mark, or Windows-1252 bytes, read line by
 // line as the text reader does), its line ends and whether it ends in one; a line the write does
 // not change goes back byte for byte.
-class TCIniFile
+class KXCOMMON_CORE_EXPORT TCIniFile
 {
 public:
     explicit TCIniFile(const QString &fileName);

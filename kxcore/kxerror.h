@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QString>
 #include <stdexcept>
 
 namespace kx {
 
 // Base of every error the platform raises; the message is the German text shown to the user.
-class Error : public std::runtime_error
+class KXCOMMON_CORE_EXPORT Error : public std::runtime_error
 {
 public:
     explicit Error(const QString &message)
@@ -22,7 +24,7 @@ private:
 };
 
 // A statement the database refused, or a connection that is missing or lost.
-class DatabaseError : public Error
+class KXCOMMON_CORE_EXPORT DatabaseError : public Error
 {
 public:
     DatabaseError(const QString &message, const QString &statement = {}, const QString &nativeText = {})
@@ -40,21 +42,21 @@ private:
 };
 
 // A character or element read beyond the end of a text or list.
-class RangeError : public Error
+class KXCOMMON_CORE_EXPORT RangeError : public Error
 {
 public:
     using Error::Error;
 };
 
 // A text that does not convert to the number or date asked for.
-class ConvertError : public Error
+class KXCOMMON_CORE_EXPORT ConvertError : public Error
 {
 public:
     using Error::Error;
 };
 
 // Integer arithmetic that left its 32-bit signed range.
-class OverflowError : public Error
+class KXCOMMON_CORE_EXPORT OverflowError : public Error
 {
 public:
     using Error::Error;

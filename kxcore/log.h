@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QString>
 
 // Append one line, stamped with date and time, to "kxcommon.log" or "kxcommon-error.log"
 // in cWorkPath (the working folder when it is empty).
-void writeLog(const QString &text);
-void writeErrorLog(const QString &text);
-QString logFilePath();
-QString errorLogFilePath();
+KXCOMMON_CORE_EXPORT void writeLog(const QString &text);
+KXCOMMON_CORE_EXPORT void writeErrorLog(const QString &text);
+KXCOMMON_CORE_EXPORT QString logFilePath();
+KXCOMMON_CORE_EXPORT QString errorLogFilePath();

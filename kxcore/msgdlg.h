@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QString>
 #include <functional>
 
@@ -24,7 +26,7 @@ enum TModalResult : int { mrNone = 0, mrOk = 1, mrCancel = 2, mrAbort = 3, mrRet
 using MsgDlgHandler = std::function<int(const QString &text, TMsgDlgType type, unsigned buttons, int helpContext)>;
 
 // Shows a message to the user and returns the answer (through the installed handler).
-int MsgDlg(const QString &text, TMsgDlgType type, unsigned buttons, int helpContext = 0);
+KXCOMMON_CORE_EXPORT int MsgDlg(const QString &text, TMsgDlgType type, unsigned buttons, int helpContext = 0);
 // Replaces the handler; returns the previous one. Without a handler, messages go to standard
 // error and the answer is the first of Yes, OK, Ignore, Retry, No, Cancel, Abort offered.
-MsgDlgHandler setMsgDlgHandler(MsgDlgHandler handler);
+KXCOMMON_CORE_EXPORT MsgDlgHandler setMsgDlgHandler(MsgDlgHandler handler);

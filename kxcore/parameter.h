@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QObject>
 #include <QString>
 
@@ -8,7 +10,7 @@
 enum class TCParameterScope { Global, Computer, User };
 
 // The settings store: rows of the table "SYSPARAMETER", so that every workstation sees them.
-class TCParameter : public QObject
+class KXCOMMON_CORE_EXPORT TCParameter : public QObject
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "sqlresult.h"
 
 #include <QObject>
@@ -16,14 +18,14 @@ class SqlDriver;
 class DeferredWrites;
 
 // Where a binary value lives: Column of the one row of Table whose KeyColumn holds Key.
-struct BlobLocation
+struct KXCOMMON_CORE_EXPORT BlobLocation
 {
     QString table, column, keyColumn, key;
     // The condition of the row, the key quoted.
     QString where() const;
 };
 
-struct ConnectionParameters
+struct KXCOMMON_CORE_EXPORT ConnectionParameters
 {
     QString product; // "sqlite", "postgres" or "firebird"
     QString user;
@@ -41,7 +43,7 @@ struct ConnectionParameters
 // The one database connection of the application. Every statement runs on its own and is
 // committed when it returns, unless a caller has opened a transaction (kx::SqlTransaction); a
 // text holding a second statement is refused before it is run.
-class TCSqlConnection : public QObject
+class KXCOMMON_CORE_EXPORT TCSqlConnection : public QObject
 {
     Q_OBJECT
 
@@ -119,7 +121,7 @@ private:
 };
 
 // The application's connection (the host opens it before calling the package).
-extern TCSqlConnection *compSqlConnection;
+extern KXCOMMON_CORE_EXPORT TCSqlConnection *compSqlConnection;
 
 namespace kx {
 
@@ -128,15 +130,15 @@ struct SqlLexis;
 // The statement text without a trailing ";"; throws DatabaseError when a second statement
 // follows a ";" outside string literals, quoted names and comments, read as the product reads
 // them (standard SQL when no lexis is given).
-QString singleStatement(const QString &sql);
-QString singleStatement(const QString &sql, const SqlLexis &lexis);
+KXCOMMON_CORE_EXPORT QString singleStatement(const QString &sql);
+KXCOMMON_CORE_EXPORT QString singleStatement(const QString &sql, const SqlLexis &lexis);
 
 // Holds a named lock of the database while it lives, so that work which reads values and
 // writes them back (a stock booking) is not interleaved with the same work of another
 // workstation. Outside a transaction the statements inside still commit as they always do;
 // inside one the lock is held until the transaction ends. The lock's own statements are not
 // part of the trace.
-class SqlLock
+class KXCOMMON_CORE_EXPORT SqlLock
 {
 public:
     explicit SqlLock(const QString &name, TCSqlConnection *connection = compSqlConnection);
@@ -156,7 +158,7 @@ private:
 // failure is reported and passed over, which must not spoil the caller's transaction (on
 // PostgreSQL a failed statement ends every later one of its transaction). The transaction's own
 // statements are not part of the trace.
-class SqlTransaction
+class KXCOMMON_CORE_EXPORT SqlTransaction
 {
 public:
     enum class Outside { Begin, Nothing };
@@ -182,7 +184,7 @@ private:
 // failed statement by itself and goes on (SQLite, Firebird) or outside a transaction. Each
 // statement it guards must be one that either takes effect whole or not at all. Commit when they
 // succeeded; otherwise what the savepoint covers is undone.
-class StatementGuard
+class KXCOMMON_CORE_EXPORT StatementGuard
 {
 public:
     explicit StatementGuard(TCSqlConnection *connection = compSqlConnection);
@@ -200,7 +202,7 @@ private:
 // sends nothing that waits and traces nothing. With Units::One a statement of another kind
 // after waiting writes throws DeferredWritesBroken instead: the caller counts on one unit, so
 // that what it does needs no savepoint to be undone.
-class DeferredWrites
+class KXCOMMON_CORE_EXPORT DeferredWrites
 {
 public:
     enum class Units { One, Many };
@@ -222,14 +224,14 @@ private:
 };
 
 // Deliberately no kx::Error: code that passes over a refused statement must not pass over this.
-class DeferredWritesBroken : public std::exception
+class KXCOMMON_CORE_EXPORT DeferredWritesBroken : public std::exception
 {
 public:
     const char *what() const noexcept override { return "a statement that cannot wait came after waiting writes"; }
 };
 
 // Records every statement text while it lives (for tests and the command line's trace).
-class SqlTraceCapture
+class KXCOMMON_CORE_EXPORT SqlTraceCapture
 {
 public:
     explicit SqlTraceCapture(TCSqlConnection *connection = compSqlConnection);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "sqlresult.h"
 
 #include <QDate>
@@ -13,7 +15,7 @@
 class TCSqlConnection;
 
 // The SQL text of a query, line by line.
-class TCStrings
+class KXCOMMON_CORE_EXPORT TCStrings
 {
 public:
     void Clear() { m_lines.clear(); }
@@ -30,7 +32,7 @@ private:
 };
 
 // One value of the current row, read in the type the caller asks for.
-class TCQueryField
+class KXCOMMON_CORE_EXPORT TCQueryField
 {
 public:
     TCQueryField() = default;
@@ -57,7 +59,7 @@ private:
 };
 
 // A parameter ":NAME" of a query's text; its value is written into the text as a literal.
-class TCParam
+class KXCOMMON_CORE_EXPORT TCParam
 {
 public:
     void setAsString(const QString &value) { m_value = value; }
@@ -74,7 +76,7 @@ private:
 };
 
 // A query on a connection: set SQL, then Open (rows) or ExecSQL (no rows).
-class TCSqlQuery : public QObject
+class KXCOMMON_CORE_EXPORT TCSqlQuery : public QObject
 {
     Q_OBJECT
 
@@ -122,5 +124,5 @@ namespace kx {
 // The text with every ":NAME" outside literals and quoted names replaced by the
 // value's SQL literal (texts quoted with quotes doubled, NULL for a cleared value); "::" is
 // left alone. Throws DatabaseError for a parameter without a value.
-QString bindParameters(const QString &sql, const std::function<const TCParam *(const QString &)> &lookup);
+KXCOMMON_CORE_EXPORT QString bindParameters(const QString &sql, const std::function<const TCParam *(const QString &)> &lookup);
 } // namespace kx

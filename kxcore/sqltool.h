@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QDate>
 #include <QDateTime>
 #include <QString>
@@ -11,66 +13,66 @@ class TCSqlConnection;
 // SQL helpers on the application's connection (compSqlConnection).
 
 // Runs one statement; throws kx::DatabaseError on failure.
-void SqlExec(const QString &sql);
+KXCOMMON_CORE_EXPORT void SqlExec(const QString &sql);
 // The first column of the first row as text; empty when there is no row or the value is null.
-QString sqlGetValue(const QString &sql);
+KXCOMMON_CORE_EXPORT QString sqlGetValue(const QString &sql);
 // As sqlGetValue, converted to a 64-bit integer (counts, generators, Numeric(10,0) columns); an
 // empty result is 0.
-qint64 sqlGetValueInt(const QString &sql);
+KXCOMMON_CORE_EXPORT qint64 sqlGetValueInt(const QString &sql);
 // A new unique row key of 32 characters.
-QString sqlGenIdValue();
+KXCOMMON_CORE_EXPORT QString sqlGenIdValue();
 
 // The number as an SQL literal: "." as decimal separator, no quotes.
-QString sqlConvertFloat(double value);
+KXCOMMON_CORE_EXPORT QString sqlConvertFloat(double value);
 // A number text in the user's format settings, as an SQL literal; throws kx::ConvertError.
-QString sqlConvertFloat(const QString &text);
+KXCOMMON_CORE_EXPORT QString sqlConvertFloat(const QString &text);
 // The date as ISO text yyyy-mm-dd, without quotes.
-QString sqlConvertDate(const QDate &date);
-QString sqlConvertDate(const QDateTime &dateTime);
+KXCOMMON_CORE_EXPORT QString sqlConvertDate(const QDate &date);
+KXCOMMON_CORE_EXPORT QString sqlConvertDate(const QDateTime &dateTime);
 // A date text in the user's short date format (or ISO); the empty text for what does not read.
-QString sqlConvertDate(const QString &text);
+KXCOMMON_CORE_EXPORT QString sqlConvertDate(const QString &text);
 // The text with each single quote doubled, without enclosing quotes.
-QString sqlConvertString(const QString &text);
+KXCOMMON_CORE_EXPORT QString sqlConvertString(const QString &text);
 
 // "NAME=value" pairs with values already converted (quoted where they are texts).
-QString SqlBuildInsertSql(const QString &table, const QStringList &pairs);
+KXCOMMON_CORE_EXPORT QString SqlBuildInsertSql(const QString &table, const QStringList &pairs);
 // The update leaves out the pair named ID: it sets every other column of the list.
-QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const QString &where);
+KXCOMMON_CORE_EXPORT QString SqlBuildUpdateSql(const QString &table, const QStringList &pairs, const QString &where);
 
 // The next value of the generator of Table.Field, at least MinValue.
-qint64 SqlGetNextValue(const QString &table, const QString &field, qint64 minValue);
+KXCOMMON_CORE_EXPORT qint64 SqlGetNextValue(const QString &table, const QString &field, qint64 minValue);
 // Sets the generator of Table.Field to Value; the next SqlGetNextValue returns Value + 1.
-void SqlAlterGen(const QString &table, const QString &field, qint64 value);
+KXCOMMON_CORE_EXPORT void SqlAlterGen(const QString &table, const QString &field, qint64 value);
 
 // A condition on Field that matches Value ("*" is a wildcard); empty for an empty Value.
-QString sqlConvertFormatStringToSQL(const QString &format, const QString &field, const QString &fieldType,
+KXCOMMON_CORE_EXPORT QString sqlConvertFormatStringToSQL(const QString &format, const QString &field, const QString &fieldType,
                                     const QString &value, bool flag);
 // The search form of a postcode, town or street, used both to fill the SELECTPLZ, SELECTORT and
 // SELECTSTRASSE columns and to query them: upper case; Ä Ö Ü as AE OE UE, ß and ẞ as SS;
 // "STRASSE" at the end of a word and "STR." as "STR"; blanks, dots, hyphens and apostrophes
 // removed. "Hauptstraße", "Hauptstr." and "Haupt-Str." all give "HAUPTSTR"; "Straße des 17. Juni"
 // gives "STRDES17JUNI"; "Nieder-Ramstädter Str." gives "NIEDERRAMSTAEDTERSTR".
-QString SqlGetSelectFieldValue(const QString &text);
+KXCOMMON_CORE_EXPORT QString SqlGetSelectFieldValue(const QString &text);
 
 // Table and column listings through INFORMATION_SCHEMA (servers that have it).
-QStringList GetTablenamesMSSql();
-QStringList GetFieldnamesMSSql(const QString &table);
+KXCOMMON_CORE_EXPORT QStringList GetTablenamesMSSql();
+KXCOMMON_CORE_EXPORT QStringList GetFieldnamesMSSql(const QString &table);
 
 namespace kx {
 
 // The change stamp of a row written now, as raw values in this order: LDATE (today, as an ISO
 // date), LTIME (the time in the long time format), LUSER (the signed-in user's name).
-QList<std::pair<QString, QString>> changeStamp();
+KXCOMMON_CORE_EXPORT QList<std::pair<QString, QString>> changeStamp();
 
 // The text as a quoted SQL literal, quotes inside doubled.
-QString sqlQuoted(const QString &text);
+KXCOMMON_CORE_EXPORT QString sqlQuoted(const QString &text);
 // A whole number placed without quotes, exactly as written ("0002" stays "0002"): an optional
 // minus and decimal digits within the 64-bit range; anything else throws kx::ConvertError naming
 // What, before a statement could take it for SQL.
-QString sqlWholeNumber(const QString &text, const QString &what);
+KXCOMMON_CORE_EXPORT QString sqlWholeNumber(const QString &text, const QString &what);
 
 // Builds the "NAME=value" list of SqlBuildInsertSql and SqlBuildUpdateSql.
-class SqlValueList
+class KXCOMMON_CORE_EXPORT SqlValueList
 {
 public:
     SqlValueList &add(const QString &name, const QString &sqlValue)
@@ -92,16 +94,16 @@ private:
 };
 
 // The number in the user's format settings, as few digits as read back exactly.
-QString formatFloat(double value);
+KXCOMMON_CORE_EXPORT QString formatFloat(double value);
 // An amount with two decimals in the user's format settings, rounded commercially as its decimal
 // value reads (136.975 gives "136,98", though the double holds 136.97499...).
-QString formatAmount(double value);
+KXCOMMON_CORE_EXPORT QString formatAmount(double value);
 // A number text in the user's format settings; throws kx::ConvertError.
-double parseFloat(const QString &text);
+KXCOMMON_CORE_EXPORT double parseFloat(const QString &text);
 class SqlDialect;
 // The name of the generator that counts Table.Field.
-QString generatorName(const SqlDialect &dialect, const QString &table, const QString &field);
+KXCOMMON_CORE_EXPORT QString generatorName(const SqlDialect &dialect, const QString &table, const QString &field);
 // Creates the generator when it does not exist yet.
-void ensureGenerator(TCSqlConnection &connection, const QString &name);
+KXCOMMON_CORE_EXPORT void ensureGenerator(TCSqlConnection &connection, const QString &name);
 
 } // namespace kx

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QFile>
 #include <QString>
 #include <QStringDecoder>
@@ -14,7 +16,7 @@ namespace kx {
 // among UTF-8 lines is read right. Lines end in CRLF, LF or CR alone. NUL characters are dropped,
 // since no database here stores them alike. Only a line and a piece of the file are held at a
 // time, so memory does not grow with the file.
-class TextLineReader
+class KXCOMMON_CORE_EXPORT TextLineReader
 {
 public:
     // Opens the file; throws kx::Error with a German message when it cannot be read (missing,
@@ -51,9 +53,9 @@ private:
 
 // The text of bytes in Windows-1252 (0x80-0x9F are the code page's letters and signs, not
 // control characters as in Latin-1).
-QString fromWindows1252(const QByteArray &bytes);
+KXCOMMON_CORE_EXPORT QString fromWindows1252(const QByteArray &bytes);
 // The text in Windows-1252; a character the code page does not have becomes "?".
-QByteArray toWindows1252(const QString &text);
-bool isValidUtf8(const QByteArray &bytes);
+KXCOMMON_CORE_EXPORT QByteArray toWindows1252(const QString &text);
+KXCOMMON_CORE_EXPORT bool isValidUtf8(const QByteArray &bytes);
 
 } // namespace kx

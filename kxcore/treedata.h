@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include <QHash>
 #include <QList>
 #include <QSet>
@@ -18,7 +20,7 @@ struct TCTableDef;
 // under the root), KEYTEXT the sort key within the parent, CAPTION the text shown. The root is
 // no row: its caption belongs to the view. Check states of a record go into the module's link
 // table (IDPARENT = the record, TREEID, TREECHECKSTATE), which "SYSDef_Kats" names by module.
-class TCTreeData
+class KXCOMMON_CORE_EXPORT TCTreeData
 {
 public:
     static constexpr int Root = -1;

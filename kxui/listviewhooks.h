@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QColor>
 
 #include <QList>
@@ -13,7 +15,7 @@ class QWidget;
 
 // The suite's theme colours for list headers and progress bars. Off by default: the widgets
 // keep the style's own colours.
-struct TCThemeColors
+struct KXCOMMON_EXPORT TCThemeColors
 {
     bool Enabled = false;
     QColor HeaderBackground = QColor(0xC0, 0x1F, 0x1F); // brigade red
@@ -21,13 +23,13 @@ struct TCThemeColors
     QColor ProgressBackground = QColor(0xF3, 0xE5, 0xE5);
     QColor ProgressChunk = QColor(0xC0, 0x1F, 0x1F);
 };
-TCThemeColors &themeColors();
+KXCOMMON_EXPORT TCThemeColors &themeColors();
 
 // Redraws the view's header in the theme colours (the style's own when they are off).
-void RedrawHeader(QAbstractItemView *view);
+KXCOMMON_EXPORT void RedrawHeader(QAbstractItemView *view);
 // Colours the bar's background (and its chunk in the theme's colour).
-void setProgressBarBackgroundColor(QProgressBar *bar, const QColor &color = themeColors().ProgressBackground);
+KXCOMMON_EXPORT void setProgressBarBackgroundColor(QProgressBar *bar, const QColor &color = themeColors().ProgressBackground);
 
 // A list view in report style: read-only rows with columns, whole-row single selection that stays
 // visible without focus.
-QTreeWidget *createReportList(QWidget *parent, const QString &name, const QStringList &columns, const QList<int> &widths);
+KXCOMMON_EXPORT QTreeWidget *createReportList(QWidget *parent, const QString &name, const QStringList &columns, const QList<int> &widths);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "streamitem.h"
 
 #include <QImage>
@@ -18,11 +20,11 @@ enum TLumImageType : int {
 };
 
 // The image type of a file extension with its dot (".png", any case); litUnknown for others.
-int GetImageTypeByFileExt(const QString &ext);
+KXCOMMON_EXPORT int GetImageTypeByFileExt(const QString &ext);
 
 // A map item's picture. Raster types decode with Qt's image readers; metafiles (EMF, WMF), which
 // Qt cannot draw, keep their bytes and show no picture.
-class TGraphic
+class KXCOMMON_EXPORT TGraphic
 {
 public:
     explicit TGraphic(int imageType)
@@ -43,10 +45,10 @@ private:
 };
 
 // A new, empty graphic that can hold pictures of the type.
-std::unique_ptr<TGraphic> GetGraphicByImageType(int imageType);
+KXCOMMON_EXPORT std::unique_ptr<TGraphic> GetGraphicByImageType(int imageType);
 
 // A map item: a pack item with, for symbols from files, the file's path, and its picture.
-class TLumSheetItem : public TStreamItem
+class KXCOMMON_EXPORT TLumSheetItem : public TStreamItem
 {
 public:
     QString FileName;
@@ -58,7 +60,7 @@ private:
     std::unique_ptr<TGraphic> m_graphic;
 };
 
-class TLumSheetItemManager : public TStreamItemManager
+class KXCOMMON_EXPORT TLumSheetItemManager : public TStreamItemManager
 {
 public:
     TLumSheetItem *CreateItem() override { return new TLumSheetItem; }

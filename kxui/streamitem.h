@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -10,7 +12,7 @@ class QFile;
 #include <vector>
 
 // The texts of a map item in one language: its name and its category.
-class TTexts
+class KXCOMMON_EXPORT TTexts
 {
 public:
     // Texts without a language code are German, the suite's language.
@@ -29,7 +31,7 @@ private:
 };
 
 // An item's texts, one per language code.
-class TTextsList
+class KXCOMMON_EXPORT TTextsList
 {
 public:
     void Add(const TTexts &texts) { m_texts.append(texts); }
@@ -44,7 +46,7 @@ private:
 
 // An item of a symbol pack: its identifier, its image type code and image bytes, and its texts.
 // Items read from a pack keep only where their bytes lie; the bytes are read when asked for.
-class TStreamItem
+class KXCOMMON_EXPORT TStreamItem
 {
 public:
     virtual ~TStreamItem() = default;
@@ -71,7 +73,7 @@ private:
 // Owns a list of items and reads and writes them as a symbol pack (the layout is in
 // docs/SYMBOLPACK.md). Reading checks every count, length and offset against the file's size,
 // so a truncated or damaged file is refused with its reason before anything is allocated for it.
-class TStreamItemManager
+class KXCOMMON_EXPORT TStreamItemManager
 {
 public:
     TStreamItemManager() = default;

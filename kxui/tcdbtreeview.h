@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "treedata.h"
 
 #include <QAbstractItemModel>
@@ -11,7 +13,7 @@ class TCSqlConnection;
 // The nodes of a tree table under one root item, with check boxes: checking a node checks
 // everything below it, and a node above shows checked, partly checked (grayed) or unchecked
 // after its children. The root carries the view's caption and no check box.
-class TCDBTreeModel : public QAbstractItemModel
+class KXCOMMON_EXPORT TCDBTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
 
@@ -47,7 +49,7 @@ private:
 
 // A read-only tree over a tree table, with check boxes whose states are stored per record and
 // module in the module's link table (see TCTreeData for both formats).
-class TCDBTreeView : public QTreeView
+class KXCOMMON_EXPORT TCDBTreeView : public QTreeView
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -10,7 +12,7 @@ class QWidget;
 
 // The folder picker: Execute shows a folder dialog over the handle's window and returns true
 // when a folder was chosen; Directory then holds it.
-class TCDirectorySelectDlg : public QObject
+class KXCOMMON_EXPORT TCDirectorySelectDlg : public QObject
 {
     Q_OBJECT
 

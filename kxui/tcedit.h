@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
@@ -33,7 +35,7 @@ enum TCLabelPosition { clpLeft, clpTop, clpHide };
 class TCEdit;
 
 // The style object of an edit (cEditStyle): its TCEditType and whether it is shown as mandatory.
-class TCEditStyle
+class KXCOMMON_EXPORT TCEditStyle
 {
 public:
     explicit TCEditStyle(TCEdit *edit)
@@ -56,7 +58,7 @@ private:
 // as completion, as a drop-down or as a menu, after the style) and may be linked to a selection
 // dialog that fills it. OnChanged follows the user's edits and choices, not texts set by code,
 // so that handlers which clear other edits do not set each other off.
-class TCEdit : public QWidget
+class KXCOMMON_EXPORT TCEdit : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE setText)

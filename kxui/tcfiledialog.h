@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QFileDialog>
 #include <QObject>
 #include <QPointer>
@@ -10,7 +12,7 @@ class QWidget;
 
 // The file-open and file-save dialogs: Execute shows Qt's own dialog over the handle's window
 // and returns true when a file was chosen; FileName then holds its full path.
-class TCFileDialog : public QObject
+class KXCOMMON_EXPORT TCFileDialog : public QObject
 {
     Q_OBJECT
 
@@ -41,4 +43,4 @@ private:
 
 // Qt's own dialog, the same on every desktop and drivable where no desktop runs, with the
 // German texts its file and folder pickers share.
-void prepareFileDialog(QFileDialog &dialog);
+KXCOMMON_EXPORT void prepareFileDialog(QFileDialog &dialog);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QDialog>
 #include <QList>
 #include <QObject>
@@ -16,7 +18,7 @@ class TCSqlConnection;
 
 // A column of a selection: the field, its title in the list, its type ("Varchar" or "Numeric")
 // and the edit of the mask that receives its value.
-struct TCSelectColumn
+struct KXCOMMON_EXPORT TCSelectColumn
 {
     QString FieldName;
     QString Title;
@@ -25,7 +27,7 @@ struct TCSelectColumn
 };
 
 // The list of a selection: a search line over a table of rows, OK and Abbrechen.
-class TCSelectDialog : public QDialog
+class KXCOMMON_EXPORT TCSelectDialog : public QDialog
 {
     Q_OBJECT
 
@@ -51,7 +53,7 @@ private:
 // raised before the rows are read (its handlers may set Filter); AfterSelect after the edits are
 // filled. With MultiSelect several rows may be chosen (Selected holds them all); the edits take
 // the first. ExactSelect preselects the row whose first column equals the source edit's text.
-class TCSelectToMask : public QObject
+class KXCOMMON_EXPORT TCSelectToMask : public QObject
 {
     Q_OBJECT
 

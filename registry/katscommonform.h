@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "katscommon.h"
 
 #include <QDialog>
@@ -11,7 +13,7 @@ class TCDBTreeView;
 
 // The category dialog "Kats": the shared category tree with check boxes for one record of a
 // module, a toolbar with the close button.
-class TKatsCommonForm : public QDialog
+class KXCOMMON_EXPORT TKatsCommonForm : public QDialog
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "dataaccess.h"
 #include "holder.h"
 
@@ -11,7 +13,7 @@ class TCDataAccess;
 class TCSqlQuery;
 
 // Holder of the module registry: the definition of "SYSDef_Module" and the query.
-class TModulCommonForm : public THolderForm
+class KXCOMMON_CORE_EXPORT TModulCommonForm : public THolderForm
 {
     Q_OBJECT
 
@@ -22,10 +24,10 @@ public:
     TCSqlQuery *DataQuery;
 };
 
-extern QPointer<TModulCommonForm> ModulCommonForm;
+extern KXCOMMON_CORE_EXPORT QPointer<TModulCommonForm> ModulCommonForm;
 
 // One row of "SYSDef_Module".
-struct TModulRow
+struct KXCOMMON_CORE_EXPORT TModulRow
 {
     QString Id;
     qint64 ModulId = 0;
@@ -35,14 +37,14 @@ struct TModulRow
 };
 
 // Makes sure "SYSDef_Module" exists in its current form and empties it.
-void mdef_CreateData();
+KXCOMMON_CORE_EXPORT void mdef_CreateData();
 // The definition of "SYSDef_Module".
-const TCTableDef &mdef_Table();
+KXCOMMON_CORE_EXPORT const TCTableDef &mdef_Table();
 // Adds one row for one named table.
-void mdef_AddModul(const QString &ModulId, const QString &Modulname, const QString &Tablename, int IsMainTable);
+KXCOMMON_CORE_EXPORT void mdef_AddModul(const QString &ModulId, const QString &Modulname, const QString &Tablename, int IsMainTable);
 // Adds a main-table row for the definition's table and a subordinate row for each direct child.
-void mdef_AddModul(const QString &ModulId, const QString &Modulname, TCDataAccess *DataAccess);
+KXCOMMON_CORE_EXPORT void mdef_AddModul(const QString &ModulId, const QString &Modulname, TCDataAccess *DataAccess);
 // As mdef_AddModul, with the definition's own table entered as a subordinate table too.
-void mdef_AddModulChild(const QString &ModulId, const QString &Modulname, TCDataAccess *DataAccess);
+KXCOMMON_CORE_EXPORT void mdef_AddModulChild(const QString &ModulId, const QString &Modulname, TCDataAccess *DataAccess);
 // The registry's rows, by module number, main tables first.
-QList<TModulRow> mdef_ReadModules();
+KXCOMMON_CORE_EXPORT QList<TModulRow> mdef_ReadModules();

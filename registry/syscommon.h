@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "holder.h"
 
 #include <QPointer>
@@ -9,7 +11,7 @@ class TCDataAccess;
 class TCSqlQuery;
 
 // Holder of the system tables: one definition per table and two queries, in declaration order.
-class TSysCommonForm : public THolderForm
+class KXCOMMON_CORE_EXPORT TSysCommonForm : public THolderForm
 {
     Q_OBJECT
 
@@ -35,9 +37,9 @@ public:
     TCDataAccess *cdaBinaryData;
 };
 
-extern QPointer<TSysCommonForm> SysCommonForm;
+extern KXCOMMON_CORE_EXPORT QPointer<TSysCommonForm> SysCommonForm;
 
 // Creates or alters all system tables, empties the data links and seeds USBRel64Data.
-void Sys_CreateData();
+KXCOMMON_CORE_EXPORT void Sys_CreateData();
 // Gives every column of every table that has none yet its office name "T<table>_F<field>".
-void CreateTableOfficeDefinition();
+KXCOMMON_CORE_EXPORT void CreateTableOfficeDefinition();

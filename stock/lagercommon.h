@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "holder.h"
 
 #include <QDateTime>
@@ -14,7 +16,7 @@ class SqlValueList;
 }
 
 namespace LagerCommon {
-Q_NAMESPACE
+Q_NAMESPACE_EXPORT(KXCOMMON_CORE_EXPORT)
 
 // Direction of a booking.
 enum TCLagerActionType { latAdd, latSub, latResetAdd, latResetSub };
@@ -35,7 +37,7 @@ using enum LagerCommon::TCLagerModeType;
 // and calls Execute or ExecuteOrder. Every statement commits on its own unless the caller has
 // opened a transaction; nothing is caught. Lager_PostDocument and Lager_PostOrder post a
 // document wholly or not at all, and once.
-class TCLagerAction : public QObject
+class KXCOMMON_CORE_EXPORT TCLagerAction : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(LagerCommon::TCLagerActionType Action MEMBER fAction)
@@ -115,7 +117,7 @@ private:
 };
 
 // The lock name of a document: postings and line edits of one document wait for each other.
-QString Lager_DocumentLock(const QString &table, const QString &document);
+KXCOMMON_CORE_EXPORT QString Lager_DocumentLock(const QString &table, const QString &document);
 
 // Posts the stock document (Execute) or the order document (ExecuteOrder) that the action
 // describes in one transaction under the document's lock held until the commit: the document is
@@ -123,12 +125,12 @@ QString Lager_DocumentLock(const QString &table, const QString &document);
 // killed program), and two programs posting it at once book it once (the second waits, then
 // finds nothing left to book). Inside a transaction of the caller it is a savepoint of that one.
 // Returns the number of lines booked; throws kx::DatabaseError saying that nothing was booked.
-int Lager_PostDocument(TCLagerAction &action);
-int Lager_PostOrder(TCLagerAction &action);
+KXCOMMON_CORE_EXPORT int Lager_PostDocument(TCLagerAction &action);
+KXCOMMON_CORE_EXPORT int Lager_PostOrder(TCLagerAction &action);
 
 // Holder of stock keeping for the suite's modules; the package's own postings run on the
 // queries of TCLagerAction.
-class TLagerCommonForm : public THolderForm
+class KXCOMMON_CORE_EXPORT TLagerCommonForm : public THolderForm
 {
     Q_OBJECT
 
@@ -139,4 +141,4 @@ public:
     TCSqlQuery *ModiQuery;
 };
 
-extern QPointer<TLagerCommonForm> LagerCommonForm;
+extern KXCOMMON_CORE_EXPORT QPointer<TLagerCommonForm> LagerCommonForm;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QDialog>
 
 class QLabel;
@@ -14,7 +16,7 @@ enum TEvSymbolType { evSymIsFile, evSymIsFromPak };
 
 // "Symbol auswählen": the symbols of the folder and the pack in their categories; OK or a double
 // click confirms the selected one.
-class TfrmSelectIconForm : public QDialog
+class KXCOMMON_EXPORT TfrmSelectIconForm : public QDialog
 {
     Q_OBJECT
 
@@ -46,4 +48,4 @@ private:
 // The form's ordering of a manager's items by the category of their texts in the language.
 // Deliberate: item 0 never takes part, nothing moves with fewer than four items, and items 1
 // and 2 are not compared again after the last pass; stored orders depend on it.
-void SortSymbolsByCategory(TLumSheetItemManager *manager, const QString &languageCode);
+KXCOMMON_EXPORT void SortSymbolsByCategory(TLumSheetItemManager *manager, const QString &languageCode);

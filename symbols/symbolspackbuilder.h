@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -10,7 +12,7 @@
 // "names.<code>.csv" in the root adds texts in another language, one line per symbol:
 // "relative/path.svg;Name;Category" (UTF-8). Identifiers are name-based UUIDs of the relative
 // path, so a rebuilt pack keeps the identifiers that records store.
-struct SymbolsPackFacts
+struct KXCOMMON_EXPORT SymbolsPackFacts
 {
     int symbols = 0;
     QStringList languages;
@@ -18,4 +20,4 @@ struct SymbolsPackFacts
 
 // SvgSize is the longer side of a rendered SVG in pixels. Raises a kx::Error naming the file
 // for an image that does not read or a names line that does not fit.
-SymbolsPackFacts SymbolsBuildPack(const QString &folder, const QString &packFile, int svgSize = 64);
+KXCOMMON_EXPORT SymbolsPackFacts SymbolsBuildPack(const QString &folder, const QString &packFile, int svgSize = 64);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "lumsheetitem.h"
 
 // Where symbols come from: the pack only, the symbol folder only, or the folder first and then
@@ -11,21 +13,21 @@ enum TSymbolsImageFormat { sifUnknown, sifBmp, sifJpg, sifGif, sifPng, sifTif, s
 
 // The extension, with its dot, of the format's first row in the extension table (".jpg" for
 // sifJpg, ".tif" for sifTif); empty for sifUnknown.
-QString FileExtByImageFormat(TSymbolsImageFormat format);
+KXCOMMON_EXPORT QString FileExtByImageFormat(TSymbolsImageFormat format);
 // The format of an item's image type code. Deliberate: only WMF, JPEG, BMP and EMF are reported;
 // GIF, PNG and TIFF items answer sifUnknown, as the suite's stored symbols expect.
-TSymbolsImageFormat SymbolsImageFormatOf(int imageType);
+KXCOMMON_EXPORT TSymbolsImageFormat SymbolsImageFormatOf(int imageType);
 
 // The "Lagekarte" settings of the database INI file.
-struct TSymbolsSettings
+struct KXCOMMON_EXPORT TSymbolsSettings
 {
     QString SymbolPath; // the user symbol folder, trimmed; default: application folder + "Bitmaps/"
     TSymbolsSymbolType SymbolType = stSystem; // values outside 0..2 read as stSystem
 };
-TSymbolsSettings SymbolsSettings();
+KXCOMMON_EXPORT TSymbolsSettings SymbolsSettings();
 
 // A symbol read from the pack; remembers the file its image was last saved to.
-class TItemSymbol : public TLumSheetItem
+class KXCOMMON_EXPORT TItemSymbol : public TLumSheetItem
 {
 public:
     TSymbolsImageFormat GetImageFormat() const { return SymbolsImageFormatOf(ImageType); }
@@ -39,7 +41,7 @@ private:
 // A symbol from a loose image file under the symbol folder: identified by its path relative to
 // that folder, its category the relative folder (separators removed), its name the file's base
 // name. Raises the picture's error when the file cannot be read.
-class TItemSymbolFromFile : public TLumSheetItem
+class KXCOMMON_EXPORT TItemSymbolFromFile : public TLumSheetItem
 {
 public:
     explicit TItemSymbolFromFile(const QString &fileName);
@@ -49,14 +51,14 @@ public:
 };
 
 // Makes every item it reads from a pack a TItemSymbol.
-class TItemSymbolManager : public TLumSheetItemManager
+class KXCOMMON_EXPORT TItemSymbolManager : public TLumSheetItemManager
 {
 public:
     TItemSymbol *CreateItem() override { return new TItemSymbol; }
 };
 
 // The manager a symbols view owns. The Load operations fill the manager handed to them.
-class TSymbolsPackIconManager : public TItemSymbolManager
+class KXCOMMON_EXPORT TSymbolsPackIconManager : public TItemSymbolManager
 {
 public:
     // With the configured "SymbolType".

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include "symbolspackcommon.h"
 
 #include <QHash>
@@ -18,7 +20,7 @@ class QVBoxLayout;
 // click selects a symbol, a double click raises DblClick. Names and categories are shown in the
 // language of LanguageCode (German when a symbol has no texts in it). The buttons are made by
 // the first ApplyFilter, so that an owner can order the items first.
-class TSymbolsView : public QWidget
+class KXCOMMON_EXPORT TSymbolsView : public QWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_export.h>
+
 #include <QFrame>
 
 class QGroupBox;
@@ -11,7 +13,7 @@ class TCSelectToMask;
 // The tenant frame of record masks: the group box "Mandant" with the tenant's name (chosen from
 // the tenants the user may see) and, hidden, its key and code. New records start with the
 // user's home tenant; only users with right 150 of module 0002 may change it.
-class TfrmMandanten : public QFrame
+class KXCOMMON_EXPORT TfrmMandanten : public QFrame
 {
     Q_OBJECT
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <kxcommon/kxcommon_core_export.h>
+
 #include "holder.h"
 
 #include <QPointer>
@@ -13,7 +15,7 @@ class TCSqlQuery;
 // Builds the tenant fragment: CRLF-terminated lines beginning " and ( 1=2 " that a caller
 // appends to its WHERE clause, admitting the rows of the current tenant and of its sub-tenants
 // (at any depth) that one of the user's groups is linked to. Empty when nothing restricts.
-class TMandantCommonForm : public THolderForm
+class KXCOMMON_CORE_EXPORT TMandantCommonForm : public THolderForm
 {
     Q_OBJECT
 
@@ -35,6 +37,6 @@ private:
     QSet<QString> m_distinct; // the different IDs of the tenant list
 };
 
-extern QPointer<TMandantCommonForm> MandantCommonForm;
+extern KXCOMMON_CORE_EXPORT QPointer<TMandantCommonForm> MandantCommonForm;
 
-QString MandantenBuildSubSelect(const QString &TableName, const QString &MandantId);
+KXCOMMON_CORE_EXPORT QString MandantenBuildSubSelect(const QString &TableName, const QString &MandantId);

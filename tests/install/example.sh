@@ -16,6 +16,14 @@ for lib in kxcommon kxcommon-core; do
     test -L "$prefix/lib/lib$lib.so" || fail "lib$lib.so missing"
     objdump -p "$prefix/lib/lib$lib.so" | grep -q "SONAME *lib$lib.so.0.1$" || fail "lib$lib.so: SONAME"
 done
+# The interface only: no driver, dialect or instance of a Qt template among the exported symbols
+# (the standard library's own templates keep the default visibility its headers give them).
+for lib in kxcommon kxcommon-core; do
+    exported=$(nm -D --defined-only -C "$prefix/lib/lib$lib.so" | cut -d' ' -f3-)
+    if grep -E "^(typeinfo (name )?for |vtable for )?(kx::[A-Za-z]*(Driver|Dialect)\b|Q[A-Za-z]*<|QtPrivate::)" <<<"$exported"; then
+        fail "lib$lib.so exports internals"
+    fi
+done
 # The interface only, in its own folder: no driver, dialect or unit table.
 test -f "$prefix/include/kxcommon/lagercommon.h" || fail "headers not under include/kxcommon"
 test -f "$prefix/include/kxcommon/version.h" || fail "no version header"
