@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-# Entry points: make demo, make test, make bench, make screenshots. Missing Debian packages are installed first
+# Entry points: make demo, make test, make bench, make screenshots, make package. Missing Debian packages are installed first
 # (as root) or named with the command to install them.
 BUILD ?= build
 BENCH ?=
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
-.PHONY: all deps build demo test test-sanitize fuzz bench screenshots clean
+.PHONY: all deps build demo test test-sanitize fuzz bench screenshots package clean
 FUZZ_SECONDS ?= 60
 
 all: build
@@ -43,6 +43,10 @@ fuzz:
 	    -DKX_BUILD_TESTS=OFF -DKX_BUILD_BENCH=OFF
 	cmake --build build-fuzz -j $$(nproc) --target fuzzers
 	@./scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
+
+# Debian packages (runtime libraries, development files, tools) into $(BUILD)/packages.
+package: build
+	cd $(BUILD) && cpack -B packages
 
 screenshots: build
 	@./scripts/screenshots.sh $(BUILD) docs/screens

@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QPainter>
 #include "katscommon.h"
@@ -119,7 +120,10 @@ TImportCommonForm *createDemoImportForm(QWidget *owner)
     form->setOnAfterUpdateRecord(importAfterUpdateHook(u"ORTE"_s));
     form->FormShow();
     // The example's definition names its file relative to itself; the copy names it in full.
-    const QString folder = QStringLiteral(KX_DEMO_IMPORT_DIR);
+    // The sources' example, or the installed copy beside the symbol pack.
+    QString folder = QStringLiteral(KX_DEMO_IMPORT_DIR);
+    if (!QFileInfo::exists(folder))
+        folder = cApplicationPath + u"/examples/import"_s;
     QFile example(folder + u"/orte.iDef"_s);
     QFile copy(QDir::temp().filePath(u"kxcommon-demo-orte.iDef"_s));
     if (example.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly))

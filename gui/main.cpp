@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -76,7 +77,12 @@ int main(int argc, char *argv[])
     parser.addOption({ u"screenshots"_s, u"Schreibt jedes Formular als ORDNER/KLASSE.png und endet."_s, u"ORDNER"_s });
     parser.process(app);
     installWidgetHooks();
-    cApplicationPath = QCoreApplication::applicationDirPath(); // where the symbol pack is looked for
+    // Where the symbol pack is looked for: beside the program in the build, in share/kxcommon
+    // when installed.
+    cApplicationPath = QCoreApplication::applicationDirPath();
+    const QString installedData = cApplicationPath + u"/../share/kxcommon"_s;
+    if (!QFileInfo::exists(cApplicationPath + u"/symbols.pak"_s) && QFileInfo::exists(installedData + u"/symbols.pak"_s))
+        cApplicationPath = QDir(installedData).absolutePath();
 
     const bool ownDatabase = !parser.isSet(u"db"_s);
     const QString database = ownDatabase ? ownDemoDatabase() : parser.value(u"db"_s);

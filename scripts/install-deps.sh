@@ -11,7 +11,7 @@ if [ "${1:-all}" = fuzz ]; then
     packages+=(clang libfuzzer-14-dev)
 elif [ "${1:-all}" != demo ]; then
     packages+=(libqt6sql6-sqlite libqt6sql6-psql libqt6sql6-ibase libgtest-dev libbenchmark-dev
-               postgresql firebird3.0-server firebird3.0-utils sane-utils librapidcheck-dev sqlite3)
+               postgresql firebird3.0-server firebird3.0-utils sane-utils librapidcheck-dev sqlite3 dpkg-dev)
 fi
 missing=()
 for p in "${packages[@]}"; do
