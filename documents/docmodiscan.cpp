@@ -70,7 +70,7 @@ void TDocModiCommonForm::ToolButton3Click()
         }
     } catch (const std::exception &e) {
         const auto *error = dynamic_cast<const kx::Error *>(&e);
-        writeErrorLog(u"TDocModiCommonForm.ToolButton3Click: "_s + (error ? error->message() : QString::fromLocal8Bit(e.what())));
+        writeErrorLog(kxLogDocuments(), u"TDocModiCommonForm.ToolButton3Click: "_s + (error ? error->message() : QString::fromLocal8Bit(e.what())));
         Parameter->Write(u"Scanner"_s, u"isScanning"_s, u"0"_s);
     }
 }

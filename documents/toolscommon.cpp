@@ -104,7 +104,7 @@ void ShellExecuteAndSearchDokument(const QString &FileName, const QString &Table
         return;
     std::unique_ptr<TWordApplication> word = wordApplicationFactory()();
     if (const QString reason = word->CannotFill(templateFile); !reason.isEmpty()) {
-        writeLog(u"Seriendruck: die Vorlage %1 wird nicht gefüllt: %2."_s.arg(templateFile, reason));
+        writeLog(kxLogDocuments(), u"Seriendruck: die Vorlage %1 wird nicht gefüllt: %2."_s.arg(templateFile, reason));
         return;
     }
     // The records come from one SELECT: the merge reads data and never changes or makes any.

@@ -205,7 +205,7 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
             try {
                 batch->commit();
             } catch (const std::exception &lost) {
-                writeErrorLog(u"Import: die Zeilen vor Zeile %1 ließen sich nicht bestätigen: %2"_s.arg(m_lineNumber).arg(
+                writeErrorLog(kxLogImport(), u"Import: die Zeilen vor Zeile %1 ließen sich nicht bestätigen: %2"_s.arg(m_lineNumber).arg(
                     QString::fromUtf8(lost.what())));
             }
         }
@@ -412,7 +412,7 @@ void TImportRun::reportColumnError(const TImportField &field, const QString &sta
     MsgDlg(u"Beim Import der Zeile: "_s + m_line + u"\r\n"_s + u"trat folgender Fehler auf: "_s + error + u"\r\n"_s
                + u"Klicken Sie auf OK um den Import fortzuführen."_s,
            TMsgDlgType::mtWarning, mbOK);
-    writeLog(u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: "_s + statement + u" failed with: "_s
+    writeLog(kxLogImport(), u"ERROR: TImportCommonForm.StartImportButtonClick.ExecSql for: "_s + statement + u" failed with: "_s
              + error);
 }
 

@@ -83,7 +83,7 @@ void TCLagerAction::LogAction(const QString &Text, const QString &, double Count
         guard.commit();
     } catch (const std::exception &error) {
         // The balance is a summary of the log: its failure must not undo or stop the booking.
-        writeErrorLog(u"TCLagerAction.LogAction: Monatsbestand nicht fortgeschrieben: "_s
+        writeErrorLog(kxLogStock(), u"TCLagerAction.LogAction: Monatsbestand nicht fortgeschrieben: "_s
                       + QString::fromUtf8(error.what()));
     }
     UpdateVK(ArtikelID);
