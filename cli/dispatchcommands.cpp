@@ -31,6 +31,17 @@ CliOutput feeInit(const CliContext &context)
                                 : u"Gebührentabellen angelegt; Beispielsatzung %1 eingetragen.\n"_s.arg(schedule) };
 }
 
+// The schedule's key as stored, the given one read without regard to case, as the event is.
+QString scheduleKey(const QString &given)
+{
+    if (fee_ScheduleExists(given))
+        return given;
+    for (const FeeSchedule &schedule : fee_ReadSchedules())
+        if (schedule.id.compare(given, Qt::CaseInsensitive) == 0)
+            return schedule.id;
+    throw CliInputError{ u"Gebührensatzung \"%1\" gibt es nicht (kxcommon fee schedules listet sie)."_s.arg(given) };
+}
+
 CliOutput fee(const CliContext &context)
 {
     const CliArguments args(context, { u"days"_s, u"hours"_s, u"minutes"_s, u"quantity"_s, u"km"_s }, {});
@@ -42,13 +53,12 @@ CliOutput fee(const CliContext &context)
     const double km = cliNumber(args.value(u"km"_s, u"0"_s), u"Die Kilometerzahl"_s);
     if (days < 0 || hours < 0 || minutes < 0 || quantity < 0 || km < 0)
         throw CliInputError{ u"Dauer, Menge und Kilometer dürfen nicht negativ sein."_s };
-    if (!fee_ScheduleExists(p[0]))
-        throw CliInputError{ u"Gebührensatzung \"%1\" gibt es nicht (kxcommon fee schedules listet sie)."_s.arg(p[0]) };
+    const QString schedule = scheduleKey(p[0]);
     double a = 0, b = 0, c = 0;
     if (args.has(u"km"_s))
-        CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, km, a, b, c);
+        CalcGebuhren(schedule, p[1], days, hours, minutes, quantity, km, a, b, c);
     else
-        CalcGebuhren(p[0], p[1], days, hours, minutes, quantity, a, b, c);
+        CalcGebuhren(schedule, p[1], days, hours, minutes, quantity, a, b, c);
     return { QJsonObject{ { u"costFwaFw"_s, a }, { u"costFwSvgv"_s, b }, { u"costSvgvKt"_s, c } },
              u"FWA --> FW:    %1\nFW --> SV/GV:  %2\nSV/GV --> KT:  %3\n"_s.arg(cliAmount(a), cliAmount(b), cliAmount(c)) };
 }
@@ -118,9 +128,7 @@ CliOutput feeSchedules(const CliContext &context)
 
 CliOutput feeEvents(const CliContext &context)
 {
-    const QString schedule = CliArguments(context, {}, {}).positional(1, u"SATZUNG"_s)[0];
-    if (!fee_ScheduleExists(schedule))
-        throw CliInputError{ u"Gebührensatzung \"%1\" gibt es nicht (kxcommon fee schedules listet sie)."_s.arg(schedule) };
+    const QString schedule = scheduleKey(CliArguments(context, {}, {}).positional(1, u"SATZUNG"_s)[0]);
     const QStringList events = fee_ReadEvents(schedule);
     return { QJsonArray::fromStringList(events), events.isEmpty() ? u"(keine Ereignisse)\n"_s : events.join(u'\n') + u'\n' };
 }

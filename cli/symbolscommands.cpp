@@ -6,6 +6,7 @@
 #include "symbolspackcommon.h"
 
 #include <QFileInfo>
+#include <QTextStream>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -37,11 +38,14 @@ CliOutput packSymbols(const CliContext &context)
     if (!QFileInfo(p[0]).isDir())
         throw CliInputError{ u"Den Ordner \"%1\" gibt es nicht."_s.arg(p[0]) };
     const SymbolsPackFacts facts = SymbolsBuildPack(p[0], p[1], size);
+    for (const QString &warning : facts.warnings)
+        QTextStream(stderr) << warning << '\n';
     const qint64 bytes = QFileInfo(p[1]).size();
     return { QJsonObject{ { u"folder"_s, p[0] },
                           { u"file"_s, p[1] },
                           { u"symbols"_s, facts.symbols },
                           { u"languages"_s, QJsonArray::fromStringList(facts.languages) },
+                          { u"warnings"_s, QJsonArray::fromStringList(facts.warnings) },
                           { u"bytes"_s, bytes } },
              u"%1: %2, Sprachen %3, %4 Bytes.\n"_s.arg(p[1], cliCount(facts.symbols, u"Symbol"_s, u"Symbole"_s),
                                                          facts.languages.join(u", "_s)).arg(bytes) };
@@ -89,7 +93,14 @@ CliOutput extractSymbol(const CliContext &context)
     const QStringList p = CliArguments(context, {}, {}).positional(3, u"PAKET KENNUNG DATEI"_s);
     TItemSymbolManager symbols;
     symbols.LoadFromFile(p[0]);
-    auto *item = static_cast<TItemSymbol *>(symbols.ItemByGuid(p[1]));
+    // The identifier as symbols list shows it, "{…}", or without its braces, in either case.
+    const QString given = p[1].trimmed();
+    const QString bare = given.startsWith(u'{') && given.endsWith(u'}') ? given.mid(1, given.size() - 2) : given;
+    TItemSymbol *item = nullptr;
+    const QStringList candidates{ given, u'{' + bare + u'}', bare, u'{' + bare.toUpper() + u'}', bare.toUpper() };
+    for (const QString &candidate : candidates)
+        if (!item)
+            item = static_cast<TItemSymbol *>(symbols.ItemByGuid(candidate));
     if (!item)
         throw CliInputError{ u"Das Symbol %1 gibt es in %2 nicht."_s.arg(p[1], p[0]) };
     item->SaveDataToFile(p[2]);
@@ -121,6 +132,6 @@ void registerSymbolsCommands()
                u"                     des Programmordners), user = nur die Bilddateien, all = beides (Vorgabe)\n"_s);
     cliDetails(u"symbols extract"_s,
                u"  PAKET              die Symboldatei\n"
-               u"  KENNUNG            die Kennung des Symbols, wie symbols list sie zeigt\n"
+               u"  KENNUNG            die Kennung des Symbols, wie symbols list sie zeigt (mit oder ohne {})\n"
                u"  DATEI              die zu schreibende Bilddatei\n"_s);
 }

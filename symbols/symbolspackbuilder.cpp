@@ -54,8 +54,16 @@ QByteArray checkedImage(const QString &file)
     return data;
 }
 
-// The names files of the root: language code -> relative path -> (name, category).
-using Names = QHash<QString, QHash<QString, std::pair<QString, QString>>>;
+// A names line: the symbol's name and category in the language, and where it was read.
+struct NamesLine
+{
+    QString name;
+    QString category;
+    QString file;
+    int number = 0;
+};
+// The names files of the root: language code -> relative path -> line.
+using Names = QHash<QString, QHash<QString, NamesLine>>;
 
 Names readNames(const QDir &root)
 {
@@ -73,7 +81,7 @@ Names readNames(const QDir &root)
             const QStringList parts = line.split(u';');
             if (parts.size() != 3)
                 throw kx::Error(u"%1, Zeile %2: erwartet wird \"Datei;Name;Kategorie\"."_s.arg(file).arg(number));
-            names[match.captured(1)][parts[0].trimmed()] = { parts[1].trimmed(), parts[2].trimmed() };
+            names[match.captured(1)][parts[0].trimmed()] = { parts[1].trimmed(), parts[2].trimmed(), file, number };
         }
     }
     return names;
@@ -109,21 +117,31 @@ SymbolsPackFacts SymbolsBuildPack(const QString &folder, const QString &packFile
         item->SetData(suffix == u"svg"_s ? renderSvg(path, svgSize) : checkedImage(path));
         TTexts german;
         german.SetName(QFileInfo(relative).completeBaseName());
-        german.SetCategory(QFileInfo(relative).path() == u"."_s ? QString() : QFileInfo(relative).path());
+        german.SetCategory(QFileInfo(relative).path() == u"."_s ? root.dirName() : QFileInfo(relative).path());
         item->Texts.Add(german);
         for (auto language = names.begin(); language != names.end(); ++language) {
             const auto entry = language->constFind(relative);
             if (entry == language->constEnd())
                 continue;
             TTexts texts(language.key());
-            texts.SetName(entry->first);
-            texts.SetCategory(entry->second);
+            texts.SetName(entry->name);
+            texts.SetCategory(entry->category);
             item->Texts.Add(texts);
         }
     }
     pack.SaveToFile(packFile);
     SymbolsPackFacts facts;
     facts.symbols = pack.Count();
-    facts.languages = QStringList{ u"de"_s } + names.keys();
+    QStringList others = names.keys();
+    others.sort();
+    facts.languages = QStringList{ u"de"_s } + others;
+    for (const auto &lines : names)
+        for (auto line = lines.begin(); line != lines.end(); ++line)
+            if (!files.contains(line.key()))
+                facts.warnings << u"%1, Zeile %2: das Bild \"%3\" gibt es im Ordner nicht; die Zeile wird übergangen."_s
+                                      .arg(line->file)
+                                      .arg(line->number)
+                                      .arg(line.key());
+    facts.warnings.sort();
     return facts;
 }

@@ -67,6 +67,7 @@ run 0 "Beispielsatzung" fee init --sample
 run 0 "MUSTERSTADT" fee schedules
 [ "$(grep -c MUSTERSTADT out)" -eq 1 ] || { echo "FAIL: the sample schedule twice" >&2; failures=$((failures + 1)); }
 run 0 "BRAND" fee events MUSTERSTADT
+run 0 "FWA --> FW:" fee musterstadt brand --hours 1 # schedule and event read without regard to case
 run 1 "gibt es nicht" fee GIBTSNICHT BRAND --hours 1
 run 1 "nicht negativ" fee MUSTERSTADT BRAND --hours -1
 run 0 "FWA --> FW:" fee MUSTERSTADT BRAND --hours 1 --minutes 20
@@ -103,8 +104,10 @@ run 0 "Ortsteil: Innenstadt" district 64283 Darmstadt Rheinstr. # the search col
 mkdir -p symbole/Fahrzeuge
 printf '<svg xmlns="http://www.w3.org/2000/svg" width="32" height="16"><rect width="32" height="16" fill="red"/></svg>' \
     > symbole/Fahrzeuge/LF.svg
-printf 'Fahrzeuge/LF.svg;Fire engine;Vehicles\n' > symbole/names.en.csv
+printf 'Fahrzeuge/LF.svg;Fire engine;Vehicles\nFahrzeuge/TLF.svg;Tanker;Vehicles\n' > symbole/names.en.csv
 run 0 "1 Symbol, Sprachen de, en" symbols pack symbole s.pak --svg-size 40
+grep -q 'names.en.csv, Zeile 2: das Bild "Fahrzeuge/TLF.svg" gibt es im Ordner nicht' err \
+    || { echo "FAIL: a names line without its image not reported" >&2; failures=$((failures + 1)); }
 run 2 "8 bis 1024" symbols pack symbole s.pak --svg-size 4
 run 1 "gibt es nicht" symbols pack fehlt s.pak
 run 0 '"name": "Fire engine"' --json symbols list s.pak
@@ -113,6 +116,7 @@ run 0 "Fahrzeuge             LF" symbols list s.pak
 run 2 "nur für einen Symbolordner" symbols list s.pak --type user
 run 2 "system, user oder all" symbols list symbole --type alle
 run 0 "Bytes" symbols extract s.pak "$id" lf.png
+run 0 "Bytes" symbols extract s.pak "$(tr -d '{}' <<<"$id")" lf2.png # the identifier without its braces
 [ "$(head -c 4 lf.png | tail -c 3)" = PNG ] || { echo "FAIL: the extracted image is no PNG" >&2; failures=$((failures + 1)); }
 run 1 "gibt es in s.pak nicht" symbols extract s.pak "{fehlt}" x.png
 head -c 40 s.pak > kaputt.pak
