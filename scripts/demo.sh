@@ -6,11 +6,18 @@ build=${1:?build folder}
 kx=$build/cli/kxcommon
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-db="sqlite:$work/kxcommon.db"
+# The database stays after the demo, so that its commands can be tried on it; each demo starts
+# it anew.
+data=${XDG_DATA_HOME:-$HOME/.local/share}/kxcommon
+mkdir -p "$data"
+rm -f "$data/demo.db"
+db="sqlite:$data/demo.db"
 # Each command is echoed with shell quoting, so that it can be pasted (with KXCOMMON_DB set to the
 # database below).
-step() { echo; echo "\$ kxcommon${*:+ }$(printf '%q ' "$@" | sed 's/ $//')"; "$kx" --db "$db" "$@"; }
-echo "Demo auf der eingebetteten Datenbank $work/kxcommon.db (zum Nachvollziehen: export KXCOMMON_DB=$db)"
+show() { echo "\$ kxcommon${*:+ }$(printf '%q ' "$@" | sed 's/ $//')"; }
+step() { echo; show "$@"; "$kx" --db "$db" "$@"; }
+echo "Demo auf der eingebetteten Datenbank $data/demo.db (zum Nachvollziehen: export KXCOMMON_DB=$db)"
+step sys init
 step init
 step modules add 0002 Lager Artikel --main
 step modules add 0002 Lager Artikel_Lagerort
@@ -18,14 +25,13 @@ step modules add 7010 Fahrzeuge Fahrzeug --main
 step modules
 step --json modules
 echo
-echo "\$ kxcommon modules add 0003 \"Wehr's\" Personal   (ein Hochkomma im Namen bricht die Anweisung)"
-"$kx" --db "$db" modules add 0003 "Wehr's" Personal || echo "(Exit-Code $?: Fehler wie erwartet; die Zeilen davor bleiben)"
+echo "(Ein Hochkomma im Namen wird als Text gespeichert, es bricht keine Anweisung:)"
+step modules add 0003 "Wehr's" Personal
 step modules
 
 echo
 echo "--- Lager: Zugänge, eine Entnahme über zwei Zugänge, eine Korrektur, eine Bestellung ---"
 day() { date -d "$1 days ago" +%d.%m.%Y; }
-step sys init
 step stock init
 step stock article 4711 "Druckschlauch C 15 m"
 step stock line LAGERBELEG_POS WE-1 4711 10 --preis 38,50
@@ -123,3 +129,5 @@ mkdir -p "$work/ablage"
 step docs extract Fahrzeug_Dokumente "$doc" "$work/ablage"
 step docs clone Fahrzeug_Dokumente FZ-1 FZ-2
 step docs list Fahrzeug_Dokumente FZ-2
+echo
+echo "Die Datenbank der Demo bleibt: export KXCOMMON_DB=$db"
