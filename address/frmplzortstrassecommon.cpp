@@ -80,6 +80,8 @@ void TfrmPlzOrtStrasse::Loaded()
     m_active = true;
     Hausnummer->setLabelPosition(clpLeft);
     Strasse->lineEdit()->setMinimumWidth(162);
+    // Town names are the longest of the four; the town's box is not to be the narrowest.
+    Ort->lineEdit()->setMinimumWidth(162);
     setTabOrder(Plz->lineEdit(), Ort->lineEdit());
     setTabOrder(Ort->lineEdit(), Strasse->lineEdit());
     setTabOrder(Strasse->lineEdit(), Hausnummer->lineEdit());

@@ -83,9 +83,15 @@ void HostWindow::chooseSymbol()
     QLabel picture;
     if (!TfrmSelectIconForm::SelectSymbol(this, name, type, &picture))
         return;
-    QMessageBox box(QMessageBox::Information, u"Symbol auswählen"_s,
-                    (type == evSymIsFile ? u"Gewählt: die Datei %1"_s : u"Gewählt: das Symbol %1 der Symboldatei"_s).arg(name),
-                    QMessageBox::Ok, this);
+    // The choice is confirmed by the symbol's name, as the form showed it, not by its identifier.
+    QString chosen = u"Gewählt: die Datei %1"_s.arg(name);
+    if (type != evSymIsFile) {
+        TSymbolsView symbols; // the symbols the selection form showed
+        TLumSheetItem *item = symbols.Manager()->ItemByGuid(name);
+        chosen = item ? u"Gewählt: das Symbol „%1“ (%2) der Symboldatei"_s.arg(symbols.NameOf(item), symbols.CategoryOf(item))
+                      : u"Gewählt: ein Symbol der Symboldatei"_s;
+    }
+    QMessageBox box(QMessageBox::Information, u"Symbol auswählen"_s, chosen, QMessageBox::Ok, this);
     box.setIconPixmap(picture.pixmap());
     box.exec();
 }

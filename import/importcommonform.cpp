@@ -88,7 +88,11 @@ TImportCommonForm::TImportCommonForm(QWidget *owner)
     setObjectName(u"ImportCommonForm"_s);
     setWindowTitle(u"Importieren"_s);
     ProgressBar->setObjectName(u"ProgressBar"_s);
-    ProgressBar->setTextVisible(false);
+    // Its text tells the bar from an input field while it is empty.
+    ProgressBar->setTextVisible(true);
+    ProgressBar->setFormat(u"Fortschritt: %p %"_s);
+    ProgressBar->setFocusPolicy(Qt::NoFocus);
+    ProgressBar->setValue(0);
     OpenDialog1->DefaultExt = u"CSV"_s;
     OpenDialog1->Filter = u"CSV Datei|*.csv"_s;
     for (TCFileDialog *dialog : { SaveDialog1, OpenDialog2 }) {

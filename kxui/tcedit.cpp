@@ -234,6 +234,13 @@ void TCEdit::applyStyle()
 
 void TCEdit::buttonClicked()
 {
+    // The button takes no focus: a click while another field has it enters this one first, so
+    // that its entry handler fills the list before it drops down.
+    if (!m_edit->hasFocus()) {
+        m_edit->setFocus(Qt::MouseFocusReason);
+        if (!m_edit->hasFocus()) // a window that is not active gives no focus; the entry still happens
+            Q_EMIT OnEnter(this);
+    }
     if (m_select && cEditStyle.Style() == ceFunction) {
         m_select->Execute(this);
         return;

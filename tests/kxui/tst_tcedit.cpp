@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -57,6 +58,34 @@ TEST(TCEdit, PickListDropsDownAndChoosingSelects)
     QTest::keyClick(popup, Qt::Key_Return);
     EXPECT_EQ(edit.Text(), u"64285"_s);
     EXPECT_EQ(selected.count(), 1);
+}
+
+// The drop-down button of an edit that does not have the focus enters it first: its list is
+// filled by the entry, then shown.
+TEST(TCEdit, TheButtonOfAnotherFieldEntersItAndDropsItsList)
+{
+    QWidget window;
+    auto *other = new TCEdit(&window);
+    auto *edit = new TCEdit(&window);
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(other);
+    layout->addWidget(edit);
+    edit->cEditStyle.SetStyle(ceHandlerList);
+    QObject::connect(edit, &TCEdit::OnEnter, edit, [edit] {
+        edit->PickListClear();
+        for (const QString &item : { u"64283"_s, u"64285"_s })
+            edit->PickListAdd(item);
+    });
+    window.show();
+    window.activateWindow();
+    other->lineEdit()->setFocus();
+    QApplication::processEvents();
+    ASSERT_TRUE(edit->PickList().isEmpty());
+    QTest::mouseClick(edit->button(), Qt::LeftButton);
+    EXPECT_EQ(edit->PickList(), (QStringList{ u"64283"_s, u"64285"_s }));
+    QAbstractItemView *popup = edit->lineEdit()->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    EXPECT_EQ(popup->model()->rowCount(), 2);
 }
 
 TEST(TCEdit, StylesNumbersAndHiding)
