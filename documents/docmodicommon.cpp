@@ -35,6 +35,7 @@
 #include <QShowEvent>
 #include <QTime>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -69,6 +70,11 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
                                     { 170, 250, 90 }))
     , MAINDOC(new QCheckBox(u"Hauptdokument"_s, this))
     , DokumentPopup(new QMenu(this))
+    , DoSave(new QAction(u"Speichern"_s, this))
+    , DoOpen(new QAction(u"Neu laden"_s, this))
+    , DoPrint(new QAction(u"Drucken"_s, this))
+    , DoExport(new QAction(u"Exportieren"_s, this))
+    , DoCopy(new QAction(u"Kopieren"_s, this))
     , Dokumentspeichern1(new QAction(u"Dokument speichern"_s, this))
     , Parameter(new TCParameter(this))
 {
@@ -101,7 +107,9 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
         { DoDelete, u"Datensatz löschen"_s },    { DoClose, u"Schließen"_s },
         { DoDeleteAll, u"Datensätze löschen"_s }, { DoFirst, u"Erster Datensatz"_s },
         { DoPrior, u"Vorheriger Datensatz"_s },  { DoNext, u"Nächster Datensatz"_s },
-        { DoLast, u"Letzter Datensatz"_s },
+        { DoLast, u"Letzter Datensatz"_s },      { DoSave, u"Datensatz speichern"_s },
+        { DoOpen, u"Datensatz öffnen"_s },       { DoPrint, u"Drucken"_s },
+        { DoExport, u"Exportieren"_s },          { DoCopy, u"Kopieren"_s },
     };
     for (const auto &[action, hint] : hints)
         action->setToolTip(hint);
@@ -113,6 +121,22 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     ToolBar->addActions({ DoFirst, DoPrior, DoNext, DoLast });
     ToolBar->addSeparator();
     ToolBar->addAction(DoDeleteAll);
+    // The record's own actions in one menu, so that the tool bar keeps its width.
+    auto *recordMenu = new QMenu(this);
+    recordMenu->addActions({ DoSave, DoOpen });
+    recordMenu->addSeparator();
+    recordMenu->addActions({ DoPrint, DoExport, DoCopy });
+    auto *recordButton = new QToolButton(ToolBar);
+    recordButton->setObjectName(u"RecordButton"_s);
+    recordButton->setText(u"Datensatz"_s);
+    recordButton->setToolTip(u"Datensatz speichern, öffnen, drucken, exportieren, kopieren"_s);
+    recordButton->setMenu(recordMenu);
+    recordButton->setPopupMode(QToolButton::InstantPopup);
+    ToolBar->addSeparator();
+    ToolBar->addWidget(recordButton);
+    addActions({ DoSave, DoOpen, DoPrint, DoExport, DoCopy }); // their shortcuts work in the form
+    DoSave->setShortcut(QKeySequence::Save);
+    DoPrint->setShortcut(QKeySequence::Print);
     DoFirst->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home));
     DoPrior->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
     DoNext->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
@@ -150,6 +174,11 @@ TDocModiCommonForm::TDocModiCommonForm(const QString &Table, QWidget *parent)
     connect(DoLast, &QAction::triggered, this, [this] { MoveTo(RowCount() - 1); });
     kx::connectHandler(close, &QPushButton::clicked, this, &TDocModiCommonForm::DoCloseExecute);
     kx::connectHandler(Dokumentspeichern1, &QAction::triggered, this, &TDocModiCommonForm::Dokumentspeichern1Click);
+    kx::connectHandler(DoSave, &QAction::triggered, this, &TDocModiCommonForm::SaveRecord);
+    kx::connectHandler(DoOpen, &QAction::triggered, this, &TDocModiCommonForm::OpenRecord);
+    kx::connectHandler(DoPrint, &QAction::triggered, this, &TDocModiCommonForm::PrintList);
+    connect(DoExport, &QAction::triggered, this, [this] { kx::showErrors([this] { ExportList(); }); });
+    kx::connectHandler(DoCopy, &QAction::triggered, this, &TDocModiCommonForm::CopyList);
     kx::connectHandler(Button1, &QPushButton::clicked, this, &TDocModiCommonForm::Button1Click);
     kx::connectHandler(DokumentList, &QTreeWidget::itemDoubleClicked, this, &TDocModiCommonForm::DokumentListDblClick);
     kx::connectHandler(DokumentList, &QTreeWidget::itemSelectionChanged, this, &TDocModiCommonForm::rowSelected);

@@ -42,6 +42,10 @@ public:
     QAction *ToolButton3;   // scan
     QAction *DoAppend, *DoPost, *DoDelete, *DoClose;
     QAction *DoDeleteAll, *DoFirst, *DoPrior, *DoNext, *DoLast; // in the list's record menu
+    // "Datensatz speichern", "Datensatz öffnen", print, export and copy of the list. Direct
+    // print, change log, mask administration and "Sammeländerung" are the embedding module's,
+    // which owns the record, its reports and its masks.
+    QAction *DoSave, *DoOpen, *DoPrint, *DoExport, *DoCopy;
     QTreeWidget *DokumentList;
     QCheckBox *MAINDOC;
     QMenu *DokumentPopup;
@@ -88,6 +92,18 @@ public:
     void DeleteAllRecords();
     // Moves the selection (first, previous, next, last row).
     void MoveTo(int row);
+    // Saves every changed row of the record.
+    void SaveRecord();
+    // Reads the record's documents again; changes not saved are dropped after asking.
+    void OpenRecord();
+    // The list as text: a header line and one line per row, the columns separated by Separator.
+    QString ListText(QChar Separator) const;
+    // The list as a PDF file in the temporary folder, opened with the desktop's program to print.
+    void PrintList();
+    // The list into a semicolon-separated file the user chooses (File given: without asking).
+    void ExportList(const QString &File = QString());
+    // The list to the clipboard, tab-separated.
+    void CopyList();
 
 protected:
     void showEvent(QShowEvent *event) override;

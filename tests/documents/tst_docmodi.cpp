@@ -21,6 +21,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -148,6 +149,49 @@ TEST_F(DocModiTest, OneMainDocumentPerRecord)
     }
     EXPECT_EQ(form.RowCount(), 0);
     EXPECT_EQ(kxtest::rows(u"select count(*) from Fahrzeug_Dokumente"_s), QStringList{ u"0"_s });
+}
+
+// The record actions: open again drops unsaved changes only when the user agrees, save keeps
+// them; the list goes to a file, the clipboard and a PDF for printing with the same rows.
+TEST_F(DocModiTest, RecordActionsSaveOpenExportCopyAndPrint)
+{
+    TDocModiCommonForm form(table);
+    form.LoadDocuments(u"FZ-1"_s);
+    post(form, u"Brief; alt"_s, u"Brief.pdf"_s);
+    form.AppendRecord();
+    form.DocBezeichnung->setText(u"Entwurf"_s);
+    form.Dokumente->setText(u"entwurf.pdf"_s);
+    form.DataAccess_DoclvBeforePost(); // taken into the list, not saved
+    {
+        kxtest::ScriptedMessages answers({ { u"Die Änderungen an den Dokumenten dieses Datensatzes sind nicht "
+                                             u"gespeichert. Verwerfen und neu laden?"_s,
+                                             mrNo } });
+        form.DoOpen->trigger();
+    }
+    EXPECT_EQ(form.RowCount(), 2) << "kept when the user says no";
+    {
+        kxtest::ScriptedMessages answers({ { u"Die Änderungen an den Dokumenten dieses Datensatzes sind nicht "
+                                             u"gespeichert. Verwerfen und neu laden?"_s,
+                                             mrYes } });
+        form.DoOpen->trigger();
+    }
+    EXPECT_EQ(form.RowCount(), 1);
+    post(form, u"Entwurf"_s, u"entwurf.pdf"_s);
+    form.DoSave->trigger();
+    form.DoOpen->trigger(); // nothing unsaved: no question
+    ASSERT_EQ(form.RowCount(), 2);
+
+    const QString expected = u"Bezeichnung;Dokument;Ablage\r\nBrief  alt;Brief.pdf;Datei\r\nEntwurf;entwurf.pdf;Datei\r\n"_s;
+    const QString file = m_scratch.filePath(u"liste.csv"_s);
+    form.ExportList(file);
+    EXPECT_EQ(QString::fromUtf8(kxtest::readFile(file)), expected);
+    form.DoCopy->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              u"Bezeichnung\tDokument\tAblage\r\nBrief; alt\tBrief.pdf\tDatei\r\nEntwurf\tentwurf.pdf\tDatei\r\n"_s);
+    form.DoPrint->trigger();
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened[0].endsWith(u"Dokumente FZ-1.pdf"_s));
+    EXPECT_TRUE(kxtest::readFile(opened[0].mid(5)).startsWith("%PDF"));
 }
 
 // The tenant and the creating and saving users are the program's, not the user's, to change.
