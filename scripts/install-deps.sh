@@ -6,7 +6,7 @@
 # As root it installs what is missing; otherwise it prints the command to run.
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libquazip1-qt6-dev libsane-dev libsqlite3-dev libpq-dev firebird-dev
-          qt6-translations-l10n)
+          qt6-translations-l10n help2man)
 if [ "${1:-all}" = fuzz ]; then
     packages+=(clang libfuzzer-14-dev)
 elif [ "${1:-all}" != demo ]; then

@@ -35,6 +35,8 @@ depends "$dev" | grep -q "libkxcommon0.1 (= 0.1)" || fail "the development packa
 has "$tools" ./usr/bin/kxcommon
 has "$tools" ./usr/bin/kxcommon-gui
 has "$tools" ./usr/share/kxcommon/symbols.pak
+has "$tools" ./usr/share/man/man1/kxcommon.1
+has "$tools" ./usr/share/bash-completion/completions/kxcommon
 depends "$tools" | grep -q "libkxcommon0.1 (= 0.1)" || fail "the tools do not need the runtime"
 
 # The example against the unpacked packages, with CMake and with pkg-config.
