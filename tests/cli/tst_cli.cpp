@@ -4,6 +4,8 @@
 #include "testdatabase.h"
 #include "wordtemplate.h"
 
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -35,6 +37,94 @@ protected:
                  QString::fromUtf8(process.readAllStandardError()) };
     }
 };
+
+// Whether Value has Shape (see tests/cli/json-shapes.json); the first difference in Where.
+bool hasShape(const QJsonValue &value, const QJsonValue &shape, const QString &path, QString &where)
+{
+    if (shape.isString()) {
+        static const QHash<QString, QJsonValue::Type> types{
+            { u"string"_s, QJsonValue::String }, { u"number"_s, QJsonValue::Double }, { u"boolean"_s, QJsonValue::Bool },
+            { u"null"_s, QJsonValue::Null },     { u"array"_s, QJsonValue::Array },   { u"object"_s, QJsonValue::Object } };
+        for (const QString &type : shape.toString().split(u'|'))
+            if (types.value(type, QJsonValue::Undefined) == value.type())
+                return true;
+        where = path + u": not "_s + shape.toString();
+        return false;
+    }
+    if (shape.isArray()) {
+        if (!value.isArray() || value.toArray().isEmpty()) {
+            where = path + u": not a non-empty array"_s;
+            return false;
+        }
+        const QJsonArray items = value.toArray();
+        for (qsizetype i = 0; i < items.size(); ++i)
+            if (!hasShape(items[i], shape.toArray()[0], path + u'/' + QString::number(i), where))
+                return false;
+        return true;
+    }
+    const QJsonObject keys = shape.toObject();
+    if (!value.isObject() || value.toObject().keys() != keys.keys()) {
+        where = path + u": keys "_s + (value.isObject() ? value.toObject().keys().join(u',') : u"(no object)"_s)
+            + u" instead of "_s + keys.keys().join(u',');
+        return false;
+    }
+    for (auto key = keys.begin(); key != keys.end(); ++key)
+        if (!hasShape(value.toObject()[key.key()], key.value(), path + u'/' + key.key(), where))
+            return false;
+    return true;
+}
+
+QJsonValue at(QJsonValue value, const QString &path)
+{
+    for (const QString &part : path.split(u'/')) {
+        bool index = false;
+        const int i = part.toInt(&index);
+        value = index ? value.toArray()[i] : value.toObject()[part];
+    }
+    return value;
+}
+
+// Every command's JSON output has the shape the repository keeps for it (tests/cli/json-shapes.json).
+TEST_F(CliTest, EveryCommandsJsonHasItsShape)
+{
+    QFile shapesFile(QStringLiteral(KX_CLI_SHAPES));
+    ASSERT_TRUE(shapesFile.open(QIODevice::ReadOnly));
+    const QJsonArray steps = QJsonDocument::fromJson(shapesFile.readAll()).object()[u"steps"_s].toArray();
+    ASSERT_GT(steps.size(), 40);
+    const QDir scratch(m_scratch.path());
+    kxtest::writeFile(scratch.filePath(u"orte.csv"_s), "64285;Musterstadt;Altstadt;Am Markt\r\n");
+    kxtest::writeFile(scratch.filePath(u"orte.iDef"_s), "PLZ.ORTE=1\r\nORT.ORTE=2\r\nORTSTEIL.ORTE=3\r\nSTRASSE.ORTE=4\r\n");
+    scratch.mkpath(u"symbole/Fahrzeuge"_s);
+    kxtest::writeFile(scratch.filePath(u"symbole/Fahrzeuge/LF.svg"_s),
+                      "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"8\" height=\"8\"><rect width=\"8\" height=\"8\"/></svg>");
+    kxtest::writeFile(scratch.filePath(u"bericht.txt"_s), "Einsatzbericht\r\n");
+    scratch.mkpath(u"ablage"_s);
+    QHash<QString, QString> captured{ { u"SCRATCH"_s, m_scratch.path() } };
+    for (const QJsonValue &step : steps) {
+        QStringList args{ u"--json"_s };
+        for (const QJsonValue &arg : step[u"run"_s].toArray()) {
+            QString text = arg.toString();
+            for (auto c = captured.begin(); c != captured.end(); ++c)
+                text.replace(u'{' + c.key() + u'}', c.value());
+            args << text;
+        }
+        SCOPED_TRACE(args.join(u' ').toStdString());
+        const CliRun run = invoke(args);
+        ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+        QJsonParseError error{};
+        const QJsonDocument output = QJsonDocument::fromJson(run.out.toUtf8(), &error);
+        ASSERT_EQ(error.error, QJsonParseError::NoError) << run.out.toStdString();
+        const QJsonValue value = output.isArray() ? QJsonValue(output.array()) : QJsonValue(output.object());
+        QString where;
+        EXPECT_TRUE(hasShape(value, step[u"shape"_s], QString(), where)) << where.toStdString() << "\n" << run.out.toStdString();
+        const QJsonObject equals = step[u"equals"_s].toObject();
+        for (auto e = equals.begin(); e != equals.end(); ++e)
+            EXPECT_EQ(value[e.key()], e.value()) << e.key().toStdString();
+        const QJsonObject capture = step[u"capture"_s].toObject();
+        for (auto c = capture.begin(); c != capture.end(); ++c)
+            captured.insert(c.key(), at(value, c.value().toString()).toString());
+    }
+}
 
 TEST_F(CliTest, InitAddAndListModules)
 {
