@@ -13,6 +13,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -77,6 +78,9 @@ int main(int argc, char *argv[])
     parser.addOption({ u"screenshots"_s, u"Schreibt jedes Formular als ORDNER/KLASSE.png und endet."_s, u"ORDNER"_s });
     parser.process(app);
     installWidgetHooks();
+    // The host is a German program: Qt's own formats (a file's size and date in the file
+    // dialog) follow. The package's SQL texts and its format settings do not depend on it.
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     // Where the symbol pack is looked for: beside the program in the build, in share/kxcommon
     // when installed.
     cApplicationPath = QCoreApplication::applicationDirPath();

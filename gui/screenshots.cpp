@@ -16,10 +16,13 @@
 #include "katscommonform.h"
 #include "tcdbtreeview.h"
 #include "tcedit.h"
+#include "tcfiledialog.h"
 #include "tcselecttomask.h"
 #include "vehiclemask.h"
 
 #include <QApplication>
+#include <QTimer>
+#include <QFileDialog>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QDir>
@@ -215,6 +218,27 @@ bool openBrowser(const QString &folder)
     return save(framed(&browser), folder, u"TDocOpenCommonForm"_s);
 }
 
+// The standard file dialog with the suite's filters: Qt's own texts in German.
+bool fileDialog(const QString &folder)
+{
+    TCFileDialog open(TCFileDialog::Open);
+    open.Filter = u"Alle Dateien|*.*|Bilder|*.jpg;*.png"_s;
+    open.FileName = QDir::temp().filePath(u"kxcommon-demo-dokumente/Einsatzfoto.jpg"_s);
+    bool written = false;
+    QTimer::singleShot(0, [&] {
+        QFileDialog *dialog = open.dialog();
+        settle(dialog);
+        QElapsedTimer clock;
+        clock.start();
+        while (clock.elapsed() < 1000) // the folder is read in the background
+            QApplication::processEvents(QEventLoop::AllEvents, 50);
+        written = save(framed(dialog), folder, u"TCFileDialog"_s);
+        dialog->reject();
+    });
+    open.Execute();
+    return written;
+}
+
 } // namespace
 
 bool renderScreenshots(const QString &folder)
@@ -222,7 +246,7 @@ bool renderScreenshots(const QString &folder)
     QDir().mkpath(folder);
     bool written = true;
     for (bool (*render)(const QString &) : { katsForm, tenantFrame, importForm, addressFrame, iconSelection, documentList,
-                                                         documentEditor, openBrowser, saveBrowser })
+                                                         documentEditor, openBrowser, saveBrowser, fileDialog })
         written = render(folder) && written;
     return written;
 }

@@ -3,6 +3,8 @@
 #include "germantexts.h"
 
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTreeView>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +30,11 @@ void prepareFileDialog(QFileDialog &dialog)
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setLabelText(QFileDialog::Reject, u"Abbrechen"_s);
     dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
+    // The detail list's size, type and date columns as wide as their contents, not cut.
+    dialog.resize(760, 460);
+    if (auto *details = dialog.findChild<QTreeView *>(u"treeView"_s))
+        for (int column = 1; column < details->header()->count(); ++column)
+            details->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
 }
 
 bool TCFileDialog::Execute()

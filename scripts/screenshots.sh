@@ -8,5 +8,6 @@ out=${2:?target folder}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir -p "$out"
-QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work "$build/gui/kxcommon-gui" --db "sqlite:$work/screens.db" --screenshots "$out" \
+# A German workstation: Qt formats sizes and dates from the system locale.
+LANG=de_DE.UTF-8 QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work "$build/gui/kxcommon-gui" --db "sqlite:$work/screens.db" --screenshots "$out" \
     2> >(grep -v 'propagateSizeHints' >&2)
