@@ -19,7 +19,15 @@ log=$build/mutate.log
 : >"$log"
 
 backup=
-restore() { [ -n "$backup" ] && [ -f "$backup" ] && mv "$backup" "${backup%.mutant-original}"; backup=; }
+# The original comes back with a new time stamp: older than the mutant's object file, it would
+# leave the mutant built in.
+restore() {
+    if [ -n "$backup" ] && [ -f "$backup" ]; then
+        mv "$backup" "${backup%.mutant-original}"
+        touch "${backup%.mutant-original}"
+    fi
+    backup=
+}
 trap 'restore; exit 130' INT TERM
 trap restore EXIT
 
