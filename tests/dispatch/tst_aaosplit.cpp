@@ -27,6 +27,7 @@ TEST(AaoSplitStrasse, Examples)
         { u"  Straße des 17. Juni 112  "_s, u"Straße des 17. Juni"_s, u"112"_s, {}, {} },
         { u"Nieder-Ramstädter Str. 7-9"_s, u"Nieder-Ramstädter Str. 7"_s, u"9"_s, u"-"_s, {} },
         { u"Mühlweg 3ab"_s, u"Mühlweg"_s, u"3"_s, u"ab"_s, {} },
+        { u"Am Anger 100"_s, u"Am Anger"_s, u"100"_s, {}, {} }, // a zero is a digit of the number
         { u"Mühlweg 3ä"_s, u"Mühlweg 3ä"_s, {}, {}, {} }, // only ASCII letters form a suffix
         { u"Weg\n7"_s, u"Weg"_s, {}, {}, u"7"_s },        // a line break in the text cuts too
         { u"   "_s, {}, {}, {}, {} },
