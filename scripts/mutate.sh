@@ -35,7 +35,8 @@ killed=0 total=0 unbuilt=0
 survivors=()
 while IFS= read -r line; do
     [[ -z $line || $line == \#* ]] && continue
-    IFS='|' read -r id file tests original replacement <<<"$(sed 's/ ¦ /|/g' <<<"$line")"
+    # Split at " ¦ " through a separator no source text holds (a "|" may be part of the code).
+    IFS=$'\x1f' read -r id file tests original replacement <<<"$(sed $'s/ ¦ /\x1f/g' <<<"$line")"
     id=$(xargs <<<"$id") file=$(xargs <<<"$file") tests=$(xargs <<<"$tests")
     if [ $# -gt 0 ] && ! printf '%s\n' "$@" | grep -qx -- "$id"; then continue; fi
     backup=$file.mutant-original
