@@ -283,8 +283,11 @@ void TCSqlConnection::rollbackTransaction() noexcept
         return;
     // Writes still waiting came after the innermost savepoint or begin (which sends what waits),
     // so they belong to what is undone.
-    if (m_deferral)
+    // They never reach the database, so the trace (whose tail they are) does not show them.
+    if (m_deferral) {
+        m_deferral->m_held.resize(m_deferral->m_held.size() - m_deferral->m_waiting.size());
         m_deferral->m_waiting.clear();
+    }
     if (--m_transactionDepth > 0) {
         try {
             m_driver->rollbackToSavepoint(savepointName());

@@ -237,6 +237,13 @@ TEST_F(ConnectionTest, DeferredWritesLandWholeOrNotAtAll)
             kx::DeferredWrites unfinished(Units::One);
             exec(insert("h"));
         }
+        { // a rollback inside the scope takes what waits with it, as it takes what was sent
+            kx::SqlTransaction line;
+            kx::DeferredWrites writes(Units::Many);
+            exec(insert("i"));
+            line.rollback();
+            writes.finish();
+        }
         batch.commit();
     }
     { // outside a transaction a unit is a transaction of its own
