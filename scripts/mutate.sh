@@ -4,6 +4,7 @@
 # in turn, rebuilds the tests it names incrementally, runs them, and counts the mutants a failing
 # test kills. Run by hand (not in CI), after make build:
 #   scripts/mutate.sh [BUILD] [ID...]      BUILD defaults to build; IDs pick mutants (default all)
+# A test program that runs longer than KX_MUTATE_TIMEOUT seconds (240) counts as failing.
 # The database servers are started for the run. The source files are restored after each mutant,
 # also when the script is interrupted.
 set -uo pipefail
@@ -47,7 +48,9 @@ while IFS= read -r line; do
         echo "$id: the original text is not found once in $file" | tee -a "$log" >&2
         exit 2
     fi
-    targets=()
+    # The command line too, always: tests start it, and one built with an earlier mutant would
+    # carry it on.
+    targets=(kxcommon-cli)
     for spec in ${tests//,/ }; do
         program=${spec%%:*}
         targets+=(${program//+/ })
@@ -67,7 +70,8 @@ while IFS= read -r line; do
                 postgres) [ -n "${KX_TEST_POSTGRES:-}" ] || { echo "$id: no PostgreSQL server" >&2; exit 2; } ;;
                 firebird) [ -n "${KX_TEST_FIREBIRD:-}" ] || { echo "$id: no Firebird server" >&2; exit 2; } ;;
             esac
-            if ! KX_TEST_DB=$product timeout 900 "$build/tests/${program%%+*}" --gtest_filter="$filter" \
+            # A mutant that makes a loop endless is killed by the time limit.
+            if ! KX_TEST_DB=$product timeout "${KX_MUTATE_TIMEOUT:-240}" "$build/tests/${program%%+*}" --gtest_filter="$filter" \
                 --gtest_brief=1 >>"$log" 2>&1; then
                 result="killed by ${program%%+*} on $product"
                 break 2
