@@ -194,6 +194,18 @@ TEST_F(DocModiTest, RecordActionsSaveOpenExportCopyAndPrint)
     EXPECT_TRUE(kxtest::readFile(opened[0].mid(5)).startsWith("%PDF"));
 }
 
+// Saving writes the changed rows only: a document nobody touched keeps who changed it last.
+TEST_F(DocModiTest, SavingLeavesUntouchedRowsAsTheyWere)
+{
+    kxtest::exec(u"insert into Fahrzeug_Dokumente (ID, IDPARENT, BEZEICHNUNG, DOKUMENT, LUSER) values "
+                 u"('ALT', 'FZ-1', 'Alt', 'alt.pdf', 'Altbenutzer')"_s);
+    TDocModiCommonForm form(table);
+    form.LoadDocuments(u"FZ-1"_s);
+    post(form, u"Neu"_s, u"neu.pdf"_s);
+    EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG, LUSER from Fahrzeug_Dokumente order by BEZEICHNUNG"_s),
+              (QStringList{ u"Alt|Altbenutzer"_s, u"Neu|Wehrführer"_s }));
+}
+
 // The tenant and the creating and saving users are the program's, not the user's, to change.
 TEST_F(DocModiTest, TenantAndUserFieldsAreNotEditable)
 {

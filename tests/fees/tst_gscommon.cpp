@@ -54,6 +54,7 @@ TEST_F(GSCommonTest, LegsOfAnOperation)
     } cases[] = {
         // 1 h 20 min rounds to 90 minutes; the rate of 60 an hour gives 90.
         { "rounded up to the half hour", u"S"_s, u"brand"_s, 0, 1, 20, 0, 11 + 3 + 90 + 1.5, 45, 18 },
+        { "minutes on a rounding bound take that row", u"S"_s, u"BRAND"_s, 0, 1, 30, 0, 11 + 3 + 90 + 1.5, 45, 18 },
         { "45 minutes become one more hour", u"S"_s, u"BRAND"_s, 0, 0, 45, 0, 11 + 60 + 1.5, 30, 12 },
         // The VKNach row at 120 minutes adds 30 / 60 x (180 - 120) = 30 to 180 minutes.
         { "graded extra beyond 120 minutes", u"S"_s, u"Brand"_s, 0, 3, 0, 0, 11 + 3 + 180 + 1.5, 4 + 90, 36 + 30 },
