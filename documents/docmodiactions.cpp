@@ -36,33 +36,40 @@ void TDocModiCommonForm::OpenRecord()
     LoadDocuments(m_parentId);
 }
 
+QList<QStringList> TDocModiCommonForm::listCells() const
+{
+    QList<QStringList> cells{ {} };
+    for (int c = 0; c < DokumentList->columnCount(); ++c)
+        cells.front() << DokumentList->headerItem()->text(c);
+    for (int r = 0; r < RowCount(); ++r) {
+        QStringList &row = cells.emplace_back();
+        for (int c = 0; c < DokumentList->columnCount(); ++c)
+            row << DokumentList->topLevelItem(r)->text(c);
+    }
+    return cells;
+}
+
 QString TDocModiCommonForm::ListText(QChar Separator) const
 {
     QStringList lines;
-    QStringList header;
-    for (int c = 0; c < DokumentList->columnCount(); ++c)
-        header << DokumentList->headerItem()->text(c);
-    lines << header.join(Separator);
-    for (int r = 0; r < RowCount(); ++r) {
-        QStringList cells;
-        for (int c = 0; c < DokumentList->columnCount(); ++c)
-            // A separator or line break inside a value would split it into two cells or lines.
-            cells << DokumentList->topLevelItem(r)->text(c).replace(Separator, u' ').replace(u'\n', u' ').remove(u'\r');
-        lines << cells.join(Separator);
+    for (QStringList row : listCells()) {
+        // A separator or line break inside a value would split it into two cells or lines.
+        for (QString &cell : row)
+            cell.replace(Separator, u' ').replace(u'\n', u' ').remove(u'\r');
+        lines << row.join(Separator);
     }
     return lines.join(u"\r\n"_s) + u"\r\n"_s;
 }
 
 void TDocModiCommonForm::PrintList()
 {
-    QString html = u"<h3>Dokumente</h3><table border=\"1\" cellspacing=\"0\" cellpadding=\"3\"><tr>"_s;
-    for (int c = 0; c < DokumentList->columnCount(); ++c)
-        html += u"<th>"_s + DokumentList->headerItem()->text(c).toHtmlEscaped() + u"</th>"_s;
-    html += u"</tr>"_s;
-    for (int r = 0; r < RowCount(); ++r) {
+    QString html = u"<h3>Dokumente</h3><table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">"_s;
+    const QList<QStringList> cells = listCells();
+    for (qsizetype r = 0; r < cells.size(); ++r) {
+        const QString tag = r == 0 ? u"th"_s : u"td"_s; // the first row is the header
         html += u"<tr>"_s;
-        for (int c = 0; c < DokumentList->columnCount(); ++c)
-            html += u"<td>"_s + DokumentList->topLevelItem(r)->text(c).toHtmlEscaped() + u"</td>"_s;
+        for (const QString &cell : cells[r])
+            html += u"<%1>%2</%1>"_s.arg(tag, cell.toHtmlEscaped());
         html += u"</tr>"_s;
     }
     html += u"</table>"_s;

@@ -111,6 +111,8 @@ protected:
 private:
     void FormCreate();
     void rowSelected();
+    // The list's header and rows, cell by cell, as shown.
+    QList<QStringList> listCells() const;
     void saveChangedRows();
     QTreeWidgetItem *addRow(const kx::NameValues &pairs);
     QString m_parentId;

@@ -30,9 +30,14 @@ namespace {
 
 // The sample streets of Musterstadt, house numbers for one of them, and a directory of a
 // thousand generated postcodes around them.
+bool hasDemoStreets()
+{
+    return sqlGetValueInt(u"select count(*) from ORTE where ID like 'G1-%'"_s) > 0;
+}
+
 void createDemoStreetDirectory()
 {
-    if (sqlGetValueInt(u"select count(*) from ORTE where ID like 'G1-%'"_s) > 0)
+    if (hasDemoStreets())
         return;
     dispatch_AddSampleData();
     for (int number = 1; number <= 12; ++number)
@@ -42,11 +47,6 @@ void createDemoStreetDirectory()
 
 // A folder of documents on the search path, and the demo vehicle's documents: two named by
 // their files, a photo stored in the database.
-QDir demoDocumentFolder()
-{
-    return QDir(QDir::temp().filePath(u"kxcommon-demo-dokumente"_s));
-}
-
 void createDemoDocuments()
 {
     const QDir folder = demoDocumentFolder();
@@ -78,10 +78,15 @@ void createDemoDocuments()
 
 } // namespace
 
+QDir demoDocumentFolder()
+{
+    return QDir(QDir::temp().filePath(u"kxcommon-demo-dokumente"_s));
+}
+
 bool hasDemoData()
 {
     return compSqlConnection->tableExists(demoDocumentTable) && compSqlConnection->tableExists(u"ORTE"_s)
-        && sqlGetValueInt(u"select count(*) from ORTE where ID like 'G1-%'"_s) > 0;
+        && hasDemoStreets();
 }
 
 void prepareDemoSession()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <QDir>
 #include <QString>
 
 // The demo data the windows show, created once per database: the system tables, the category
@@ -9,6 +10,8 @@
 // signed in, and the demo vehicle's documents are made (a folder on the search path, binary
 // storage switched on).
 void createDemoData();
+// The folder of the demo's document files, on the search path.
+QDir demoDocumentFolder();
 // Whether the database already holds the demo data (its streets and its documents).
 bool hasDemoData();
 // What the windows need without writing to the database: the sample user signed in, the demo

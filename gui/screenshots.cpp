@@ -187,16 +187,21 @@ bool documentList(const QString &folder)
     return save(framed(&list), folder, u"TDocViewCommonForm"_s);
 }
 
+// A browser reads its folder in the background: waits for the entries, at most three seconds.
+void waitForEntries(QAbstractItemView *list)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (list->model()->rowCount(list->rootIndex()) == 0 && clock.elapsed() < 3000)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
 // The save browser on the search path, its folder read, a picture's name taken into the name.
 bool saveBrowser(const QString &folder)
 {
     TDocSaveCommonForm browser;
     settle(&browser);
-    // The folder is read in the background: wait for its entries, at most three seconds.
-    QElapsedTimer clock;
-    clock.start();
-    while (browser.ShellListView1->model()->rowCount(browser.ShellListView1->rootIndex()) == 0 && clock.elapsed() < 3000)
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    waitForEntries(browser.ShellListView1);
     browser.SaveName->setText(u"Einsatzfoto 2.jpg"_s);
     settle(&browser);
     return save(framed(&browser), folder, u"TDocSaveCommonForm"_s);
@@ -207,13 +212,9 @@ bool openBrowser(const QString &folder)
 {
     TDocOpenCommonForm browser;
     settle(&browser);
-    QElapsedTimer clock;
-    clock.start();
     QAbstractItemView *list = browser.ShellListView1;
-    while (list->model()->rowCount(list->rootIndex()) == 0 && clock.elapsed() < 3000)
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
-    const QModelIndex first = list->model()->index(0, 0, list->rootIndex());
-    list->setCurrentIndex(first);
+    waitForEntries(list);
+    list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
     settle(&browser);
     return save(framed(&browser), folder, u"TDocOpenCommonForm"_s);
 }
@@ -223,7 +224,7 @@ bool fileDialog(const QString &folder)
 {
     TCFileDialog open(TCFileDialog::Open);
     open.Filter = u"Alle Dateien|*.*|Bilder|*.jpg;*.png"_s;
-    open.FileName = QDir::temp().filePath(u"kxcommon-demo-dokumente/Einsatzfoto.jpg"_s);
+    open.FileName = demoDocumentFolder().filePath(u"Einsatzfoto.jpg"_s);
     bool written = false;
     QTimer::singleShot(0, [&] {
         QFileDialog *dialog = open.dialog();

@@ -51,9 +51,8 @@ while IFS= read -r line; do
     # The command line too, always: tests start it, and one built with an earlier mutant would
     # carry it on.
     targets=(kxcommon-cli)
-    for spec in ${tests//,/ }; do
-        program=${spec%%:*}
-        targets+=(${program//+/ })
+    for run in ${tests//,/ }; do
+        targets+=("${run%%:*}")
     done
     total=$((total + 1))
     if ! cmake --build "$build" --target "${targets[@]}" >>"$log" 2>&1; then
@@ -63,17 +62,17 @@ while IFS= read -r line; do
         continue
     fi
     result=survived
-    for spec in ${tests//,/ }; do
-        IFS=':' read -r program filter products <<<"$spec"
+    for run in ${tests//,/ }; do
+        IFS=':' read -r program filter products <<<"$run"
         for product in ${products//+/ }; do
             case $product in
                 postgres) [ -n "${KX_TEST_POSTGRES:-}" ] || { echo "$id: no PostgreSQL server" >&2; exit 2; } ;;
                 firebird) [ -n "${KX_TEST_FIREBIRD:-}" ] || { echo "$id: no Firebird server" >&2; exit 2; } ;;
             esac
             # A mutant that makes a loop endless is killed by the time limit.
-            if ! KX_TEST_DB=$product timeout "${KX_MUTATE_TIMEOUT:-240}" "$build/tests/${program%%+*}" --gtest_filter="$filter" \
+            if ! KX_TEST_DB=$product timeout "${KX_MUTATE_TIMEOUT:-240}" "$build/tests/$program" --gtest_filter="$filter" \
                 --gtest_brief=1 >>"$log" 2>&1; then
-                result="killed by ${program%%+*} on $product"
+                result="killed by $program on $product"
                 break 2
             fi
         done
