@@ -5,7 +5,7 @@ BUILD ?= build
 BENCH ?=
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
-.PHONY: all deps build demo test test-sanitize fuzz bench screenshots package clean
+.PHONY: all deps build demo test test-sanitize fuzz bench screenshots package golden clean
 FUZZ_SECONDS ?= 60
 
 all: build
@@ -47,6 +47,10 @@ fuzz:
 # Debian packages (runtime libraries, development files, tools) into $(BUILD)/packages.
 package: build
 	cd $(BUILD) && cpack -B packages
+
+# The golden statement traces written afresh from a run on every product (review with git diff).
+golden: build
+	@./scripts/golden.sh $(BUILD)
 
 screenshots: build
 	@./scripts/screenshots.sh $(BUILD) docs/screens

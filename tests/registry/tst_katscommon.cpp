@@ -9,6 +9,7 @@
 #include "modulcommon.h"
 #include "systables.h"
 #include "tcdbtreeview.h"
+#include "goldentrace.h"
 #include "testdatabase.h"
 
 #include <QAction>
@@ -102,14 +103,11 @@ const QString ticked = uR"(Kats-Plan
     [x] Gefahrstoffeinsatz
 )"_s;
 
-TEST_F(KatsCommonTest, AddModulEntersTheModuleEachTime)
+TEST_F(KatsCommonTest, GoldenAddModulEntersTheModuleEachTime)
 {
     kx::SqlTraceCapture trace;
     Kats_AddModul(module, 7010, u"Fahrzeug"_s, u"fahrzeug_kats"_s, u"KENNZEICHEN,TYP"_s);
-    static const QRegularExpression key(u"'[0-9A-F]{32}'"_s);
-    EXPECT_EQ(QString(trace.statements().first()).replace(key, u"'<id>'"_s),
-              u"Insert Into SYSDef_Kats (Id,ModulNr,ModulName,ModulMainTable,ModulKatsTable,ModulFields) Values "
-              u"('<id>',7010,'Fahrzeuge','FAHRZEUG','FAHRZEUG_KATS','KENNZEICHEN,TYP')"_s);
+    kxtest::expectGoldenTrace(u"registry-categories"_s, trace.statements());
     EXPECT_EQ(rows(u"select ModulNr, ModulMainTable, ModulKatsTable from SYSDef_Kats"_s),
               (QStringList{ u"7010|FAHRZEUG|FAHRZEUG_KATS"_s, u"7010|FAHRZEUG|FAHRZEUG_KATS"_s }));
     EXPECT_EQ(rows(u"select MODULTABLENAME, MODULISMAINTABLE from SYSDef_Module"_s),

@@ -3,9 +3,8 @@
 #include "dataaccess.h"
 #include "globals.h"
 #include "modulcommon.h"
+#include "goldentrace.h"
 #include "testdatabase.h"
-
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 using kxtest::exec;
@@ -19,16 +18,6 @@ const QString allRows = u"SELECT MODULID, MODULNAME, MODULTABLENAME, MODULISMAIN
 int holdersLeft()
 {
     return int(applicationOwner()->findChildren<TModulCommonForm *>(Qt::FindDirectChildrenOnly).size());
-}
-
-// The statement texts with the generated keys replaced by "<id>".
-QStringList withoutKeys(const QStringList &statements)
-{
-    static const QRegularExpression key(u"\\('[0-9A-F]{32}',"_s);
-    QStringList result;
-    for (QString sql : statements)
-        result << sql.replace(key, u"('<id>',"_s);
-    return result;
 }
 
 class ModulCommonTest : public kxtest::DatabaseTest
@@ -58,53 +47,27 @@ protected:
     };
 };
 
-TEST_F(ModulCommonTest, CreateDataEmptiesTheRegistry)
+TEST_F(ModulCommonTest, GoldenRegistration)
 {
-    mdef_AddModul(u"0002"_s, u"Lager"_s, u"Artikel"_s, 1);
+    Tree tree;
     kx::SqlTraceCapture trace;
     mdef_CreateData();
-    EXPECT_TRUE(trace.statements().contains(u"Delete from SYSDef_Module"_s));
-    EXPECT_TRUE(rows(allRows).isEmpty());
-    mdef_CreateData();
-    EXPECT_TRUE(rows(allRows).isEmpty());
-}
-
-TEST_F(ModulCommonTest, AddByNameWritesTheIdHeadAndUpperCasesTheTable)
-{
-    kx::SqlTraceCapture trace;
     mdef_AddModul(u"0002"_s, u"Lager Ölwehr"_s, u"Artikel_Lager"_s, 1);
-    mdef_AddModul(u"7010"_s, u"Fahrzeuge"_s, u"fahrzeug"_s, 0);
-    EXPECT_EQ(withoutKeys(trace.statements()),
-              (QStringList{ u"Insert Into SYSDEF_MODULE (ID,ModulId,Modulname,ModulTablename,ModulisMainTable) Values\n"
-                            u"('<id>',0002,'Lager Ölwehr','ARTIKEL_LAGER',1)"_s,
-                            u"Insert Into SYSDEF_MODULE (ID,ModulId,Modulname,ModulTablename,ModulisMainTable) Values\n"
-                            u"('<id>',7010,'Fahrzeuge','FAHRZEUG',0)"_s }));
-    EXPECT_EQ(rows(allRows), (QStringList{ u"2|Lager Ölwehr|ARTIKEL_LAGER|1"_s, u"7010|Fahrzeuge|FAHRZEUG|0"_s }));
-}
-
-TEST_F(ModulCommonTest, AddByDefinitionEntersDirectChildrenOnly)
-{
-    Tree tree;
-    kx::SqlTraceCapture trace;
     mdef_AddModul(u"7010"_s, u"Fahrzeuge"_s, &tree.main);
-    const QString head = u"Insert Into SYSDEF_MODULE (Id,ModulId,Modulname,ModulTablename,ModulisMainTable) Values\n"_s;
-    EXPECT_EQ(withoutKeys(trace.statements()),
-              (QStringList{ head + u"('<id>',7010,'Fahrzeuge','FAHRZEUG',1)"_s,
-                            head + u"('<id>',7010,'Fahrzeuge','FAHRZEUG_GERAETE',0)"_s,
-                            head + u"('<id>',7010,'Fahrzeuge','FAHRZEUG_PRUEFUNG',0)"_s }));
-    EXPECT_EQ(rows(allRows), (QStringList{ u"7010|Fahrzeuge|FAHRZEUG|1"_s, u"7010|Fahrzeuge|FAHRZEUG_GERAETE|0"_s,
-                                           u"7010|Fahrzeuge|FAHRZEUG_PRUEFUNG|0"_s }));
+    mdef_AddModulChild(u"7010"_s, u"Fahrzeuge"_s, &tree.child2);
+    kxtest::expectGoldenTrace(u"registry-modules"_s, trace.statements());
+    // Direct children only by definition, everything below as subordinate by child.
+    EXPECT_EQ(rows(allRows), (QStringList{ u"2|Lager Ölwehr|ARTIKEL_LAGER|1"_s, u"7010|Fahrzeuge|FAHRZEUG|1"_s,
+                                           u"7010|Fahrzeuge|FAHRZEUG_GERAETE|0"_s, u"7010|Fahrzeuge|FAHRZEUG_PRUEFUNG|0"_s,
+                                           u"7010|Fahrzeuge|FAHRZEUG_PRUEFUNG|0"_s, u"7010|Fahrzeuge|PRUEFUNG_DETAIL|0"_s }));
+    mdef_CreateData();
+    EXPECT_TRUE(rows(allRows).isEmpty());
 }
 
-TEST_F(ModulCommonTest, AddChildEntersEverythingAsSubordinate)
+TEST_F(ModulCommonTest, RegisteringTwiceAddsRows)
 {
-    Tree tree;
-    mdef_AddModulChild(u"7010"_s, u"Fahrzeuge"_s, &tree.child2);
-    EXPECT_EQ(rows(allRows), (QStringList{ u"7010|Fahrzeuge|FAHRZEUG_PRUEFUNG|0"_s, u"7010|Fahrzeuge|PRUEFUNG_DETAIL|0"_s }));
     TCDataAccess lonely(TCTableDef{ u"Einzeln"_s, {}, {}, {} }, nullptr);
     mdef_AddModul(u"1"_s, u"Allein"_s, &lonely);
-    EXPECT_EQ(rows(u"SELECT count(*) FROM SYSDef_Module WHERE MODULID=1"_s), QStringList{ u"1"_s });
-    // Nothing prevents registering twice: each call adds rows.
     mdef_AddModul(u"1"_s, u"Allein"_s, &lonely);
     EXPECT_EQ(rows(u"SELECT count(*) FROM SYSDef_Module WHERE MODULID=1"_s), QStringList{ u"2"_s });
 }
@@ -132,24 +95,6 @@ TEST_F(ModulCommonTest, ClosedConnectionReachesTheCaller)
     EXPECT_THROW(mdef_CreateData(), kx::DatabaseError);
     EXPECT_THROW(mdef_AddModul(u"1"_s, u"x"_s, u"y"_s, 1), kx::DatabaseError);
     qDeleteAll(applicationOwner()->findChildren<TModulCommonForm *>(Qt::FindDirectChildrenOnly));
-}
-
-TEST_F(ModulCommonTest, TableHasItsColumnsAndRights)
-{
-    TModulCommonForm form(nullptr);
-    QStringList columns;
-    for (const TCFieldDef &field : form.SysDefModuleDataAccess->Fields.items())
-        columns << field.Fieldname;
-    EXPECT_EQ(columns, (QStringList{ u"ID"_s, u"MANDANTID"_s, u"MODULID"_s, u"MODULNAME"_s, u"MODULTABLENAME"_s,
-                                     u"MODULISMAINTABLE"_s, u"UID"_s, u"SID"_s }));
-    QList<int> numbers;
-    for (const TCRight &right : form.SysDefModuleDataAccess->Rights)
-        numbers << right.Number;
-    EXPECT_EQ(numbers, (QList<int>{ 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 75, 45 }));
-    QStringList onDatabase = compSqlConnection->GetFieldNames(u"SYSDef_Module"_s);
-    for (QString &c : onDatabase)
-        c = c.toUpper();
-    EXPECT_EQ(onDatabase, columns);
 }
 
 } // namespace

@@ -5,9 +5,12 @@
 #include "kxerror.h"
 #include "mandantcommon.h"
 #include "tenantdata.h"
+#include "goldentrace.h"
+#include "property.h"
 #include "testdatabase.h"
 
 #include <QElapsedTimer>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -75,56 +78,79 @@ protected:
     }
 };
 
-TEST_F(MandantCommonTest, FragmentForEachUserAndTree)
-{
-    const struct
-    {
-        const char *name;
-        QString user;
-        bool unrestricted;
-        QString table;
-        QString code;
-        QString expected;
-    } cases[] = {
-        { "unrestricted user", u"u1"_s, true, u"Fahrzeug"_s, u"A"_s, QString() },
-        { "unknown tenant", u"u1"_s, false, u"Fahrzeug"_s, u"ZZ"_s, QString() },
-        { "empty tenant code", u"u1"_s, false, u"Fahrzeug"_s, QString(), QString() },
-        { "tenant without sub-tenants", u"u1"_s, false, u"Fahrzeug"_s, u"C"_s, plainFragment(u"FAHRZEUG"_s, { u"C"_s }) },
-        { "user without group links", u"u3"_s, false, u"Fahrzeug"_s, u"A"_s, QString() },
-        { "only a sub-tenant linked", u"u2"_s, false, u"Fahrzeug"_s, u"A"_s, plainFragment(u"FAHRZEUG"_s, { u"C"_s }) },
-        { "parent not linked, sub-tenant linked", u"u1"_s, false, u"einsatz"_s, u"E"_s,
-          plainFragment(u"EINSATZ"_s, { u"F"_s }) },
-        { "order of discovery, depth first", u"u1"_s, false, u"Fahrzeug"_s, u"A"_s,
-          plainFragment(u"FAHRZEUG"_s, { u"A"_s, u"B"_s, u"C"_s, u"D"_s }) },
-        { "personal in lower case", u"u1"_s, false, u"personal"_s, u"B"_s, linkFragment(u"PERSONAL"_s, { u"B"_s, u"C"_s }) },
-        { "Geraetestamm in mixed case", u"u2"_s, false, u"Geraetestamm"_s, u"A"_s,
-          linkFragment(u"GERAETESTAMM"_s, { u"C"_s }) },
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        User.Id = c.user;
-        User.NoMandantRestriction = c.unrestricted;
-        kx::SqlTraceCapture trace;
-        EXPECT_EQ(MandantenBuildSubSelect(c.table, c.code), c.expected);
-        if (c.unrestricted)
-            EXPECT_TRUE(trace.statements().isEmpty());
-        else
-            EXPECT_EQ(trace.statements().first(), u"Select id from Mandanten where MANDANTID='"_s + c.code + u"'"_s);
-    }
-}
-
-TEST_F(MandantCommonTest, StatementsOfOneTenant)
+TEST_F(MandantCommonTest, GoldenStatementsOfATreeWithLinkTable)
 {
     User.Id = u"u1"_s;
     kx::SqlTraceCapture trace;
-    MandantenBuildSubSelect(u"Fahrzeug"_s, u"C"_s);
-    EXPECT_EQ(trace.statements(),
-              (QStringList{ u"Select id from Mandanten where MANDANTID='C'"_s,
-                            u"Select * from Mandanten_sub where idparent='3'"_s,
-                            u"Select Count(idMandant) from User_GruppenMandantLink where idMandant='3' and  "
-                            u"User_GruppenMandantLink.idParent in ( Select User_GruppenLink.Groupid From User_GruppenLink "
-                            u"Where User_GruppenLink.Idparent='u1')"_s,
-                            u"Select mandantId from Mandanten where ID='3'"_s }));
+    EXPECT_EQ(MandantenBuildSubSelect(u"personal"_s, u"B"_s), linkFragment(u"PERSONAL"_s, { u"B"_s, u"C"_s }));
+    kxtest::expectGoldenTrace(u"tenants-fragment"_s, trace.statements());
+    trace.clear();
+    User.NoMandantRestriction = true;
+    EXPECT_EQ(MandantenBuildSubSelect(u"personal"_s, u"B"_s), QString());
+    EXPECT_TRUE(trace.statements().isEmpty());
+}
+
+// A forest of tenants: tenant i (1-based) may hang below an earlier one; the user's groups see some.
+struct Forest
+{
+    std::vector<int> parent; // 0: a root
+    std::vector<bool> visible;
+    int start;               // 0: a code no tenant has, or none
+    int table;
+};
+
+const QString tables[] = { u"Fahrzeug"_s, u"einsatz"_s, u"personal"_s, u"Geraetestamm"_s };
+
+QString codeOf(int id)
+{
+    return QString(QChar(u'A' + id - 1));
+}
+
+// The fragment as the recursion gives it for a forest: the start, then its subtree depth first in
+// the order the links were written, without the tenants the user does not see.
+QString modelFragment(const Forest &f)
+{
+    QStringList codes;
+    std::function<void(int)> walk = [&](int id) {
+        if (f.visible[size_t(id - 1)])
+            codes << codeOf(id);
+        for (size_t child = 1; child <= f.parent.size(); ++child)
+            if (f.parent[child - 1] == id)
+                walk(int(child));
+    };
+    if (f.start > 0)
+        walk(f.start);
+    if (codes.isEmpty())
+        return {};
+    const QString table = tables[f.table].toUpper();
+    return table == u"PERSONAL"_s || table == u"GERAETESTAMM"_s ? linkFragment(table, codes) : plainFragment(table, codes);
+}
+
+TEST_F(MandantCommonTest, FragmentIsTheRecursionsOverRandomForests)
+{
+    const int cases = kxtest::product() == u"firebird"_s ? 30 : 100;
+    EXPECT_TRUE(kxtest::propertyHolds("the fragment of a random forest", cases, [] {
+        const int n = *rc::gen::inRange(1, 8);
+        Forest f;
+        for (int i = 1; i <= n; ++i) {
+            f.parent.push_back(i == 1 ? 0 : *rc::gen::inRange(0, i));
+            f.visible.push_back(*rc::gen::arbitrary<bool>());
+        }
+        f.start = *rc::gen::inRange(0, n + 1);
+        const QString unknown = *rc::gen::arbitrary<bool>() ? u"ZZ"_s : QString();
+        f.table = *rc::gen::inRange(0, 4);
+        for (const QString &table : { u"Mandanten"_s, u"Mandanten_sub"_s, u"User_GruppenMandantLink"_s })
+            kxtest::exec(u"delete from "_s + table);
+        for (int i = 1; i <= n; ++i) {
+            tenants_AddMandant(i, codeOf(i), u"Wehr "_s + codeOf(i));
+            if (f.parent[size_t(i - 1)] > 0)
+                tenants_AddSub(f.parent[size_t(i - 1)], i, codeOf(i));
+            if (f.visible[size_t(i - 1)])
+                tenants_LinkGroup(u"G1"_s, i);
+        }
+        User.Id = u"u1"_s;
+        RC_ASSERT(MandantenBuildSubSelect(tables[f.table], f.start > 0 ? codeOf(f.start) : unknown) == modelFragment(f));
+    }));
 }
 
 // A tenant code is matched as the text it is: an apostrophe in a code goes into the fragment

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "goldentrace.h"
+
+#include "scratchfiles.h"
+#include "testdatabase.h"
+
+#include <QHash>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace kxtest {
+namespace {
+
+QString traceText(const QStringList &statements, const TraceNames &names)
+{
+    static const QRegularExpression key(u"[0-9A-F]{32}"_s);
+    QHash<QString, QString> numbered;
+    QString text;
+    for (QString sql : statements) {
+        for (const auto &[value, name] : names)
+            sql.replace(value, name);
+        QString out;
+        qsizetype done = 0;
+        for (auto it = key.globalMatch(sql); it.hasNext();) {
+            const QRegularExpressionMatch m = it.next();
+            QString &name = numbered[m.captured()];
+            if (name.isEmpty())
+                name = u"<key%1>"_s.arg(numbered.size());
+            out += sql.mid(done, m.capturedStart() - done) + name;
+            done = m.capturedEnd();
+        }
+        text += out + sql.mid(done) + u"\n;\n"_s;
+    }
+    return text;
+}
+
+QString goldenPath(const QString &scenario, const QString &suffix)
+{
+    return QStringLiteral(KX_GOLDEN_DIR) + u'/' + scenario + suffix + u".sql"_s;
+}
+
+// The first statement where the two texts part, for the failure message.
+QString firstDifference(const QString &expected, const QString &actual)
+{
+    const QStringList e = expected.split(u"\n;\n"_s), a = actual.split(u"\n;\n"_s);
+    for (qsizetype i = 0; i < std::max(e.size(), a.size()); ++i)
+        if (e.value(i) != a.value(i))
+            return u"statement %1\n  expected: %2\n  actual:   %3"_s.arg(i + 1).arg(e.value(i, u"(none)"_s), a.value(i, u"(none)"_s));
+    return {};
+}
+
+} // namespace
+
+void expectGoldenTrace(const QString &scenario, const QStringList &statements, const TraceNames &names)
+{
+    const QString actual = traceText(statements, names);
+    const QString shared = goldenPath(scenario, {});
+    const QString own = goldenPath(scenario, u'.' + product());
+    if (qEnvironmentVariable("KX_GOLDEN_UPDATE") == u"1"_s) {
+        if (product() == u"sqlite"_s)
+            writeFile(shared, actual.toUtf8());
+        else if (QString::fromUtf8(readFile(shared)) == actual)
+            QFile::remove(own);
+        else
+            writeFile(own, actual.toUtf8());
+        return;
+    }
+    const QString path = QFile::exists(own) ? own : shared;
+    if (!QFile::exists(path)) {
+        ADD_FAILURE() << "no golden trace " << path.toStdString() << " (scripts/golden.sh writes it)";
+        return;
+    }
+    const QString expected = QString::fromUtf8(readFile(path));
+    if (expected != actual)
+        ADD_FAILURE() << "trace differs from " << path.toStdString() << " on " << product().toStdString() << ", "
+                      << firstDifference(expected, actual).toStdString();
+}
+
+} // namespace kxtest
