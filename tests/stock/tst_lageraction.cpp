@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The stock action object without a database: its published properties and kind texts.
+// The stock action object without a database: the properties callers set by name, and its defaults.
 #include "lagercommon.h"
 
 #include <QMetaProperty>
@@ -25,37 +25,4 @@ TEST(LagerAction, PublishesItsPropertiesUnderTheirNames)
     EXPECT_FALSE(action.property("UseCharge").toBool());
     EXPECT_FALSE(action.property("EnableMultiStorage").toBool());
     EXPECT_EQ(action.property("LogActionDate").toDateTime(), QDateTime(QDate(1, 1, 1), QTime(0, 0)));
-
-    // Properties write the fields the engine reads.
-    action.setProperty("idausgabe", u"A-17"_s);
-    action.setProperty("idEingangsrechnung", u"ER-3"_s);
-    action.setProperty("Action", QVariant::fromValue(latResetSub));
-    EXPECT_EQ(action.fidAusgabe, u"A-17"_s);
-    EXPECT_EQ(action.fideingangsrechnung, u"ER-3"_s);
-    EXPECT_EQ(action.fAction, latResetSub);
-    EXPECT_EQ(int(latResetSub), 3);
-    EXPECT_EQ(int(lmtStocktaking), 3);
-}
-
-TEST(LagerAction, KindTexts)
-{
-    const struct
-    {
-        TCLagerModeType mode;
-        double amount;
-        QString plain;
-        QString withAmount;
-    } cases[] = {
-        { lmtIn, -1, u"Lager Eingang"_s, u"Lager Eingang"_s },
-        { lmtOut, 5, u"Lager Ausgang"_s, u"Lager Ausgang"_s },
-        { lmtCorrection, 0, u"Bestandskorrektur"_s, u"Bestandskorrektur (+)"_s },
-        { lmtCorrection, 2.5, u"Bestandskorrektur"_s, u"Bestandskorrektur (+)"_s },
-        { lmtCorrection, -0.5, u"Bestandskorrektur"_s, u"Bestandskorrektur (-)"_s },
-        { lmtStocktaking, -3, u"Inventur"_s, u"Inventur"_s },
-    };
-    for (const auto &c : cases) {
-        EXPECT_EQ(TCLagerAction::ModeAsString(c.mode), c.plain);
-        EXPECT_EQ(TCLagerAction::ModeAsString(c.mode, c.amount), c.withAmount) << c.amount;
-    }
-    EXPECT_EQ(TCLagerAction::ModeAsString(TCLagerModeType(7)), QString());
 }

@@ -2,6 +2,7 @@
 // Count updates and the posting of stock and order documents, on each product.
 #include "sqlconnection.h"
 #include "sqltool.h"
+#include "goldentrace.h"
 #include "stocktest.h"
 
 using namespace Qt::StringLiterals;
@@ -38,32 +39,76 @@ QStringList updatesOf(const QStringList &statements, const QString &table)
     return found;
 }
 
-TEST_F(LagerPostingTest, OrdinaryLineByAction)
+// Every kind of posting once, on fixed booking dates: receipts, an issue drawing on two of them
+// first in, first out, a correction each way, a stocktaking, the resets, batch lines by each
+// action, a storage location, an order by each action, and the most that may be taken.
+TEST_F(LagerPostingTest, GoldenPostingOfEveryKind)
+{
+    if (!ready())
+        return;
+    const QDate day(2026, 3, 2);
+    const QString articleId = stock_AddArticle(11, u"Schlauch C"_s, 1);
+    const QString batchArticle = stock_AddArticle(12, u"Atemschutzmaske"_s);
+    const QString storageArticle = stock_AddArticle(13, u"Druckschlauch B"_s);
+    exec(u"insert into Artikel_Lager (ID,IDPARENT,LAGERID,COUNTLAGER,COUNTBESTAND,BESTAND) values ('L1','"_s
+         + storageArticle + u"','HAUPT',0,0,0)"_s);
+    const QString charge = stock_AddCharge(batchArticle, u"L-2026-03"_s, 20);
+    const QString orderLines = QString::fromUtf16(OrderLineTable);
+    const QString order = stock_AddOrder();
+    stock_SetLine({ orderLines, order, 11, 8 });
+    const QString documents[] = { u"WE-1"_s, u"WE-2"_s, u"AUS-1"_s, u"KORR-1"_s, u"KORR-2"_s, u"INV-1"_s };
+    const double quantities[] = { 5, 4, 7, 1.5, -0.5, 2 };
+    for (int i = 0; i < 6; ++i)
+        stock_SetLine({ lines, documents[i], 11, quantities[i], 10.0 + i });
+    stock_SetLine({ lines, u"CH-1"_s, 12, 3, 0, charge });
+    stock_SetLine({ lines, u"ML-1"_s, 13, 6, 0, {}, u"HAUPT"_s });
+
+    kx::SqlTraceCapture trace;
+    post({ latAdd, lmtIn, u"WE-1"_s, day, {}, false, false, u"1"_s });
+    post({ latAdd, lmtIn, u"WE-2"_s, day.addDays(1), {}, false, false, u"2"_s });
+    post({ latSub, lmtOut, u"AUS-1"_s, day.addDays(2) });
+    post({ latAdd, lmtCorrection, u"KORR-1"_s, day.addDays(3) });
+    post({ latAdd, lmtCorrection, u"KORR-2"_s, day.addDays(3) });
+    post({ latAdd, lmtStocktaking, u"INV-1"_s, day.addDays(4) });
+    post({ latResetAdd, lmtIn, u"WE-2"_s, day.addDays(5) });
+    post({ latResetSub, lmtOut, u"AUS-1"_s, day.addDays(5) });
+    for (const TCLagerActionType action : { latAdd, latSub, latResetAdd, latResetSub })
+        post({ action, lmtOut, u"CH-1"_s, day, {}, true });
+    post({ latAdd, lmtIn, u"ML-1"_s, day, {}, false, true });
+    for (const TCLagerActionType action : { latAdd, latSub, latResetAdd, latResetSub })
+        kxtest::postOrder({ action, lmtIn, order, {}, orderLines });
+    TCLagerAction action;
+    action.GetMaxAvail(articleId);
+    action.GetMaxAvail(storageArticle, u"HAUPT"_s);
+    kxtest::expectGoldenTrace(u"stock-postings"_s, kxtest::withoutClock(trace.statements()));
+}
+
+TEST_F(LagerPostingTest, GoldenOrdinaryLineByAction)
 {
     const struct
     {
         TCLagerActionType action;
         TCLagerModeType mode;
         double A, C;
-        QString firstLine;
         double countLager; // from 10
         double logged;
     } cases[] = {
-        { latAdd, lmtIn, 5, 2, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+3"_s, 13, 3 },
-        { latAdd, lmtIn, 2, 5, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+-3"_s, 7, -3 }, // a reduced receipt line
-        { latSub, lmtOut, 5, 2, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-3"_s, 7, 3 },
-        { latSub, lmtOut, 2, 5, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+3"_s, 13, 3 }, // a reduced issue line
-        { latSub, lmtOut, 2.25, 0, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-2.25"_s, 7.75, 2.25 },
-        { latResetAdd, lmtIn, 4, 1, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-4"_s, 6, 4 },
-        { latResetAdd, lmtIn, -2, -2, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER-(-2)"_s, 12, -2 },
-        { latResetSub, lmtOut, 4, 4, u"UPDATE Artikel SET COUNTLAGER=COUNTLAGER+4"_s, 14, 4 },
+        { latAdd, lmtIn, 5, 2, 13, 3 },
+        { latAdd, lmtIn, 2, 5, 7, -3 }, // a reduced receipt line
+        { latSub, lmtOut, 5, 2, 7, 3 },
+        { latSub, lmtOut, 2, 5, 13, 3 }, // a reduced issue line
+        { latSub, lmtOut, 2.25, 0, 7.75, 2.25 },
+        { latResetAdd, lmtIn, 4, 1, 6, 4 },
+        { latResetAdd, lmtIn, -2, -2, 12, -2 },
+        { latResetSub, lmtOut, 4, 4, 14, 4 },
     };
     if (!ready())
         return;
     int idnummer = 100;
+    QStringList updates;
     for (const auto &c : cases) {
         ++idnummer;
-        SCOPED_TRACE(c.firstLine.toStdString());
+        SCOPED_TRACE(idnummer);
         stock_AddArticle(idnummer, u"Schlauch C"_s, 1.5);
         exec(u"update Artikel set COUNTLAGER=10, BESTAND=11.5 where IDNUMMER="_s + QString::number(idnummer));
         QString lineId;
@@ -71,10 +116,7 @@ TEST_F(LagerPostingTest, OrdinaryLineByAction)
         kx::SqlTraceCapture trace;
         post({ c.action, c.mode, document });
 
-        const QString where = u"WHERE IDNUMMER="_s + QString::number(idnummer);
-        EXPECT_EQ(updatesOf(trace.statements(), u"Artikel"_s),
-                  (QStringList{ c.firstLine + u"\n, BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where,
-                                u"UPDATE ARTIKEL SET BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where }));
+        updates << updatesOf(trace.statements(), u"Artikel"_s);
         const StockArticle a = stock_ReadArticle(idnummer);
         EXPECT_DOUBLE_EQ(a.countLager, c.countLager);
         EXPECT_DOUBLE_EQ(a.bestand, 1.5 + c.countLager);
@@ -91,6 +133,7 @@ TEST_F(LagerPostingTest, OrdinaryLineByAction)
         EXPECT_EQ(log[0].linkId, lineId);
         EXPECT_EQ(log[0].tabelle, lines);
     }
+    kxtest::expectGoldenTrace(u"stock-count-updates"_s, updates);
 }
 
 TEST_F(LagerPostingTest, BatchLineByAction)
@@ -142,13 +185,7 @@ TEST_F(LagerPostingTest, WhichLinesArePosted)
     exec(u"insert into "_s + lines + u" (ID,IDPARENT,ANZAHL,COUNTLAGER) values ('ohne','"_s + document + u"',5,0)"_s);
     exec(u"update "_s + lines + u" set COUNTLAGER=3 where IDNUMMER=2"_s); // already booked
 
-    kx::SqlTraceCapture trace;
     post({ latAdd, lmtIn, document, {}, lines.toLower() });
-    EXPECT_EQ(trace.statements().first(),
-              u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,id FROM LAGERBELEG_POS\nWHERE IDPARENT='"_s + document
-                  + u"'\nAND ANZAHL<>COUNTLAGER\nAND IDNUMMER<>999999\nAND (NOT (IDNUMMER IS NULL))"_s);
-    EXPECT_EQ(trace.statements().last(),
-              u"UPDATE LAGERBELEG_POS SET COUNTLAGER=ANZAHL WHERE IDPARENT='"_s + document + u"'"_s);
     EXPECT_EQ(counts(1), u"4|0|0|4"_s);
     EXPECT_EQ(counts(2), u"0|0|0|0"_s);
     EXPECT_EQ(counts(999999), u"0|0|0|0"_s);
@@ -156,7 +193,7 @@ TEST_F(LagerPostingTest, WhichLinesArePosted)
     EXPECT_EQ(rows(u"select count(*) from "_s + lines + u" where COUNTLAGER=ANZAHL"_s), QStringList{ u"4"_s });
 
     // Posting again finds nothing left to book and still writes the mark.
-    trace.clear();
+    kx::SqlTraceCapture trace;
     post({ latAdd, lmtIn, document });
     EXPECT_EQ(updatesOf(trace.statements(), u"Artikel"_s), QStringList());
     EXPECT_EQ(trace.statements().size(), 2);
@@ -176,9 +213,7 @@ TEST_F(LagerPostingTest, BatchDocumentWithoutChargeKeyBooksOrdinarily)
     const QString document = sqlGenIdValue();
     stock_SetLine({ lines, document, 5, 2 });
     exec(u"update "_s + lines + u" set HASCHARGE=1, CHARGEID='' where IDPARENT='"_s + document + u"'"_s);
-    kx::SqlTraceCapture trace;
     post({ latAdd, lmtIn, document, {}, lines, true });
-    EXPECT_TRUE(trace.statements().first().startsWith(u"SELECT IDNUMMER,ANZAHL,COUNTLAGER,HASCHARGE,CHARGEID,id FROM"_s));
     EXPECT_EQ(counts(5), u"2|0|0|2"_s);
     EXPECT_EQ(stock_ReadLog(stock_ArticleId(5)).size(), 1);
 }
@@ -198,14 +233,8 @@ TEST_F(LagerPostingTest, MultiStorageBooksTheStorageLocation)
     action.setProperty("Linkvalue", document);
     action.setProperty("UseCharge", true);
     action.setProperty("EnableMultiStorage", true);
-    kx::SqlTraceCapture trace;
     action.Execute();
     EXPECT_FALSE(action.property("UseCharge").toBool()) << "storage locations and batches are never combined";
-    const QString where = u"WHERE idParent='"_s + articleId + u"' and LagerId='HAUPT'"_s;
-    EXPECT_EQ(updatesOf(trace.statements(), u"Artikel_Lager"_s),
-              QStringList{ u"UPDATE Artikel_Lager SET COUNTLAGER=COUNTLAGER+6\n, BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where });
-    EXPECT_EQ(updatesOf(trace.statements(), u"ARTIKEL"_s),
-              QStringList{ u"UPDATE ARTIKEL SET BESTAND=COUNTBESTAND+COUNTLAGER\n"_s + where });
     // The storage row's count is booked; its total, recomputed from the old row and not set
     // again (the second statement names ARTIKEL), shows the figure before this booking.
     EXPECT_EQ(rows(u"select COUNTLAGER, BESTAND from Artikel_Lager where ID='L1'"_s), QStringList{ u"6|0"_s });
@@ -223,14 +252,9 @@ TEST_F(LagerPostingTest, OrderDocumentByAction)
         TCLagerActionType action;
         double A, B;
         double onOrder; // from 10
-        QString assignment;
     } cases[] = {
-        { latAdd, 5, 2, 13, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+3"_s },
-        { latSub, 5, 2, 7, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-3"_s },
-        { latSub, 2, 5, 13, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-(-3)"_s },
-        { latResetAdd, 4, 4, 6, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-4"_s },
-        { latResetSub, 4, 0, 14, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT+4"_s },
-        { latSub, 25, 0, 0, u"UPDATE ARTIKEL SET COUNTBESTELLT=COUNTBESTELLT-25"_s }, // never below 0
+        { latAdd, 5, 2, 13 },     { latSub, 5, 2, 7 },      { latSub, 2, 5, 13 },
+        { latResetAdd, 4, 4, 6 }, { latResetSub, 4, 0, 14 }, { latSub, 25, 0, 0 }, // never below 0
     };
     if (!ready())
         return;
@@ -239,19 +263,14 @@ TEST_F(LagerPostingTest, OrderDocumentByAction)
     int idnummer = 300;
     for (const auto &c : cases) {
         ++idnummer;
-        SCOPED_TRACE(c.assignment.toStdString());
+        SCOPED_TRACE(idnummer);
         stock_AddArticle(idnummer, u"Einsatzjacke"_s);
         exec(u"update Artikel set COUNTBESTELLT=10 where IDNUMMER="_s + QString::number(idnummer));
         exec(u"update Artikel set COUNTBESTELLT=-2 where IDNUMMER=900"_s);
         const QString order = stock_AddOrder();
         stock_SetLine({ orderLines, order, idnummer, c.A });
         exec(u"update "_s + orderLines + u" set COUNTBESTELLT="_s + sqlConvertFloat(c.B) + u" where IDPARENT='"_s + order + u"'"_s);
-        kx::SqlTraceCapture trace;
         kxtest::postOrder({ c.action, lmtIn, order, {}, orderLines });
-        EXPECT_EQ(trace.statements().mid(1),
-                  (QStringList{ c.assignment + u"\nWHERE IDNUMMER="_s + QString::number(idnummer),
-                                u"UPDATE ARTIKEL SET COUNTBESTELLT=0 WHERE COUNTBESTELLT<0"_s,
-                                u"UPDATE BESTELLUNGEN_ARTIKEL SET COUNTBESTELLT=ANZAHL WHERE IDPARENT='"_s + order + u"'"_s }));
         EXPECT_DOUBLE_EQ(stock_ReadArticle(idnummer).countBestellt, c.onOrder);
         EXPECT_DOUBLE_EQ(stock_ReadArticle(900).countBestellt, 0) << "every article is kept at 0 or above";
         EXPECT_DOUBLE_EQ(stock_ReadArticle(idnummer).countLager, 0) << "orders leave the stock alone";

@@ -1,0 +1,33 @@
+Delete from IMP_MAIN
+;
+CREATE SEQUENCE IF NOT EXISTS GEN_IMP_MAIN_ID MINVALUE 0 START 1
+;
+select setval('GEN_IMP_MAIN_ID', 1)
+;
+Delete from IMP_POS
+;
+CREATE SEQUENCE IF NOT EXISTS GEN_IMP_POS_ID MINVALUE 0 START 1
+;
+select setval('GEN_IMP_POS_ID', 1)
+;
+CREATE SEQUENCE IF NOT EXISTS GEN_IMP_MAIN_LFD MINVALUE 0 START 1
+;
+select nextval('GEN_IMP_MAIN_LFD')
+;
+select setval('GEN_IMP_MAIN_LFD', 100)
+;
+Insert Into IMP_MAIN
+(
+ID,
+LFD
+)
+Values
+(
+'<key1>',
+100
+)
+;
+Update IMP_MAIN set
+NR='N1'
+Where id ='<key1>'
+;

@@ -1,0 +1,55 @@
+Select id from IMP_MAIN
+Where NR = 'N1'
+;
+CREATE TABLE IF NOT EXISTS KX_GENERATORS (NAME VARCHAR(63) PRIMARY KEY, GENVALUE BIGINT)
+;
+INSERT OR IGNORE INTO KX_GENERATORS (NAME, GENVALUE) VALUES ('GEN_IMP_MAIN_LFD', 0)
+;
+UPDATE KX_GENERATORS SET GENVALUE=GENVALUE+1 WHERE NAME='GEN_IMP_MAIN_LFD' RETURNING GENVALUE
+;
+UPDATE KX_GENERATORS SET GENVALUE=100 WHERE NAME='GEN_IMP_MAIN_LFD'
+;
+Insert Into IMP_MAIN
+(
+ID,
+LFD
+)
+Values
+(
+'<key1>',
+100
+)
+;
+Update IMP_MAIN set
+NR='N1'
+Where id ='<key1>'
+;
+Update IMP_MAIN set
+NAME='ab'
+Where id ='<key1>'
+;
+Update IMP_MAIN set
+BETRAG=12.5
+Where id ='<key1>'
+;
+Update IMP_MAIN set
+DATUM='2026-12-31'
+Where id ='<key1>'
+;
+Insert Into IMP_POS
+(
+ID,
+IDParent
+)
+Values
+(
+'<key2>',
+'<key1>'
+)
+;
+Commit
+;
+Update IMP_POS set
+TEXT='Teil eins'
+Where id ='<key2>'
+;
