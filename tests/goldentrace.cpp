@@ -2,8 +2,10 @@
 #include "goldentrace.h"
 
 #include "scratchfiles.h"
+#include "sqltool.h"
 #include "testdatabase.h"
 
+#include <QDate>
 #include <QHash>
 #include <QRegularExpression>
 
@@ -51,6 +53,22 @@ QString firstDifference(const QString &expected, const QString &actual)
 }
 
 } // namespace
+
+QStringList withoutClock(QStringList statements)
+{
+    static const QRegularExpression time(u"'\\d\\d:\\d\\d:\\d\\d'"_s);
+    static const QRegularExpression stamp(u"'(\\d{8})\\d{9}'"_s);
+    const QDate today = QDate::currentDate();
+    const QString month = QString::number(today.month()), year = QString::number(today.year());
+    for (QString &sql : statements) {
+        sql.replace(time, u"'<time>'"_s).replace(stamp, u"'\\1<clock>'"_s);
+        sql.replace(u"'"_s + sqlConvertDate(today) + u"'"_s, u"'<today>'"_s);
+        sql.replace(u"Monat="_s + today.toString(u"MM"_s), u"Monat=<month>"_s).replace(u"Jahr="_s + year, u"Jahr=<year>"_s);
+        sql.replace(u"MONAT="_s + month + u",JAHR="_s + year, u"MONAT=<month>,JAHR=<year>"_s);
+        sql.replace(u"',"_s + month + u',' + year + u',', u"',<month>,<year>,"_s);
+    }
+    return statements;
+}
 
 void expectGoldenTrace(const QString &scenario, const QStringList &statements, const TraceNames &names)
 {

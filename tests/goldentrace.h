@@ -20,4 +20,9 @@ using TraceNames = QList<std::pair<QString, QString>>;
 // shared file, another product its own file only where its trace differs from the shared one.
 void expectGoldenTrace(const QString &scenario, const QStringList &statements, const TraceNames &names = {});
 
+// The statements with what the clock gives as names: times (hh:mm:ss in quotes) as '<time>', a
+// time stamp after its date (17 digits) as DATE<clock>, today's date as '<today>', and today's
+// month and year as the monthly balance writes them.
+QStringList withoutClock(QStringList statements);
+
 } // namespace kxtest

@@ -16,6 +16,7 @@
 #include "sqlconnection.h"
 #include "systables.h"
 #include "tcedit.h"
+#include "goldentrace.h"
 #include "testdatabase.h"
 #include "log.h"
 
@@ -215,14 +216,18 @@ TEST_F(DocModiTest, TenantAndUserFieldsAreNotEditable)
         EXPECT_EQ(field.Enabled, !fixed.contains(field.Fieldname)) << field.Fieldname.toStdString();
 }
 
-TEST_F(DocModiTest, CloningKeepsOrAddsTheChangeStamp)
+TEST_F(DocModiTest, GoldenCloningKeepsOrAddsTheChangeStamp)
 {
     kxtest::exec(u"insert into Fahrzeug_Dokumente (ID, IDPARENT, BEZEICHNUNG, DOKUMENT, LDATE, LTIME, LUSER, MAINDOC) "
                  u"values ('d1', 'FZ-1', 'Alt', 'alt.pdf', '2020-05-04', '08:15:00', 'Kassenwart', 1)"_s);
     kxtest::exec(u"insert into Fahrzeug_Dokumente (ID, IDPARENT, BEZEICHNUNG, DOKUMENT) values ('d2', 'FZ-1', 'Neu', 'neu.pdf')"_s);
     TDocModiCommonForm form(table);
     form.LoadDocuments(u"FZ-1"_s);
-    form.CloneDocuments(u"FZ-2"_s);
+    {
+        kx::SqlTraceCapture trace;
+        form.CloneDocuments(u"FZ-2"_s);
+        kxtest::expectGoldenTrace(u"documents-clone"_s, kxtest::withoutClock(trace.statements()));
+    }
     const QString today = QDate::currentDate().toString(u"dd.MM.yyyy"_s);
     EXPECT_EQ(kxtest::rows(u"select BEZEICHNUNG, LDATE, LTIME, LUSER, MAINDOC from Fahrzeug_Dokumente where IDPARENT='FZ-2' "
                            u"order by BEZEICHNUNG"_s),

@@ -9,6 +9,7 @@
 #include "ooxmlword.h"
 #include "sqlconnection.h"
 #include "systables.h"
+#include "goldentrace.h"
 #include "testdatabase.h"
 #include "toolscommon.h"
 #include "wordtemplate.h"
@@ -161,7 +162,7 @@ TEST_F(ToolsCommonTest, SituationMapFilesGoToTheMainWindow)
     EXPECT_TRUE(calls.isEmpty());
 }
 
-TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
+TEST_F(ToolsCommonTest, GoldenMergeDrivesTheWordProcessorPerRecord)
 {
     alterOrCreateTable(systables::OfficeTableMapping(), compSqlConnection);
     kxtest::exec(u"create table PERSONEN (ID varchar(10), NAME varchar(40), ORT varchar(40))"_s);
@@ -190,8 +191,11 @@ TEST_F(ToolsCommonTest, MergeDrivesTheWordProcessorPerRecord)
         SCOPED_TRACE(c.name);
         calls.clear();
         wordApplicationFactory() = [this] { return std::make_unique<RecordingWord>(calls, QStringList{ u"Name1"_s, u"Ort1"_s }); };
+        kx::SqlTraceCapture trace;
         ShellExecuteAndSearchDokument(c.file, u"personen"_s, c.sql);
         EXPECT_EQ(calls, c.calls);
+        if (&c == cases)
+            kxtest::expectGoldenTrace(u"documents-merge"_s, trace.statements());
     }
 
     // The real word processor: two documents from a real template, their fields holding the values.

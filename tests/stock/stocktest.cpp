@@ -5,8 +5,6 @@
 #include "sqltool.h"
 #include "syscommon.h"
 
-#include <QRegularExpression>
-
 using namespace Qt::StringLiterals;
 
 namespace kxtest {
@@ -58,22 +56,6 @@ QString oneLineDocument(qint64 idnummer, double quantity, double netto)
     const QString document = sqlGenIdValue();
     stock_SetLine({ QString::fromUtf16(StockLineTable), document, idnummer, quantity, netto });
     return document;
-}
-
-QStringList withoutClock(QStringList statements)
-{
-    static const QRegularExpression time(u"'\\d\\d:\\d\\d:\\d\\d'"_s);
-    static const QRegularExpression stamp(u"'(\\d{8})\\d{9}'"_s);
-    const QDate today = QDate::currentDate();
-    const QString month = QString::number(today.month()), year = QString::number(today.year());
-    for (QString &sql : statements) {
-        sql.replace(time, u"'<time>'"_s).replace(stamp, u"'\\1<clock>'"_s);
-        sql.replace(u"'"_s + sqlConvertDate(today) + u"'"_s, u"'<today>'"_s);
-        sql.replace(u"Monat="_s + today.toString(u"MM"_s), u"Monat=<month>"_s).replace(u"Jahr="_s + year, u"Jahr=<year>"_s);
-        sql.replace(u"MONAT="_s + month + u",JAHR="_s + year, u"MONAT=<month>,JAHR=<year>"_s);
-        sql.replace(u"',"_s + month + u',' + year + u',', u"',<month>,<year>,"_s);
-    }
-    return statements;
 }
 
 QString counts(qint64 idnummer)

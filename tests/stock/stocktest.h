@@ -35,10 +35,6 @@ void postOrder(const Posting &posting);
 
 // A one-line document of that article and quantity; returns the document key.
 QString oneLineDocument(qint64 idnummer, double quantity, double netto = 0);
-// The statements with what the clock gives as names: times (hh:mm:ss in quotes) as '<time>', a
-// log row's time stamp after its date as <clock>, and today's date, month and year, which the
-// monthly balance is kept under.
-QStringList withoutClock(QStringList statements);
 // The article's counts as "COUNTLAGER|COUNTBESTAND|COUNTCHARGE|BESTAND" in the format settings.
 QString counts(qint64 idnummer);
 
