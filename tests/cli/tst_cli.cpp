@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +31,12 @@ protected:
     {
         if (withDatabase)
             args = QStringList{ u"--db"_s, m_connectionString } + args;
+        return invoke(args, QProcessEnvironment::systemEnvironment());
+    }
+    CliRun invoke(const QStringList &args, const QProcessEnvironment &environment)
+    {
         QProcess process;
+        process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_scratch.path()); // documents are made in the working folder
         process.start(QString::fromUtf8(KX_CLI_PROGRAM), args);
         process.waitForFinished(60000);
@@ -126,60 +133,108 @@ TEST_F(CliTest, EveryCommandsJsonHasItsShape)
     }
 }
 
-TEST_F(CliTest, InitAddAndListModules)
+// Bytes of a contract text: \r, \n, \t and \\ as in C, \xNN as that byte (files in other encodings).
+QByteArray unescaped(const QString &text)
 {
-    EXPECT_EQ(invoke({ u"init"_s }).exitCode, 0);
-    EXPECT_EQ(invoke({ u"modules"_s, u"add"_s, u"7010"_s, u"Fahrzeuge"_s, u"fahrzeug"_s, u"--main"_s }).exitCode, 0);
-    // After "--" a text may begin with "-".
-    EXPECT_EQ(invoke({ u"modules"_s, u"add"_s, u"--"_s, u"7010"_s, u"-Geräte-"_s, u"geraet"_s }).exitCode, 0);
-    const CliRun listed = invoke({ u"--json"_s, u"modules"_s });
-    ASSERT_EQ(listed.exitCode, 0) << listed.err.toStdString();
-    const QJsonArray rows = QJsonDocument::fromJson(listed.out.toUtf8()).array();
-    ASSERT_EQ(rows.size(), 2);
-    EXPECT_EQ(rows[0].toObject()[u"tableName"_s].toString(), u"FAHRZEUG"_s);
-    EXPECT_TRUE(rows[0].toObject()[u"isMainTable"_s].toBool());
-    EXPECT_EQ(rows[1].toObject()[u"modulName"_s].toString(), u"-Geräte-"_s);
-    EXPECT_EQ(rows[1].toObject()[u"modulId"_s].toInt(), 7010);
-    const CliRun text = invoke({ u"modules"_s });
-    EXPECT_TRUE(text.out.contains(u"Haupttabelle"_s)) << text.out.toStdString();
-}
-
-TEST_F(CliTest, ErrorsGoToStandardErrorWithExitCodes)
-{
-    const struct {
-        QStringList args;
-        bool withDatabase;
-        int exitCode;
-        QString errContains;
-    } cases[] = {
-        { { u"gibtsnicht"_s }, true, 2, u"unbekannter Befehl"_s },
-        { { u"modules"_s, u"add"_s, u"x7"_s, u"A"_s, u"B"_s }, true, 2, u"keine Dezimalzahl"_s },
-        { { u"modules"_s, u"add"_s, u"7"_s }, true, 2, u"erwartet"_s },
-        { { u"--db"_s, u"mysql://a:b@c:1/d"_s, u"modules"_s }, false, 1, u"Unbekanntes Datenbanksystem"_s },
-        { { u"modules"_s, u"add"_s, u"7 or 1=1"_s, u"A"_s, u"B"_s }, true, 2, u"keine Dezimalzahl"_s },
-        { { u"modules"_s, u"add"_s, u"99999999999999999999"_s, u"A"_s, u"B"_s }, true, 2, u"keine Dezimalzahl"_s },
-    };
-    invoke({ u"init"_s });
-    for (const auto &c : cases) {
-        const CliRun r = invoke(c.args, c.withDatabase);
-        EXPECT_EQ(r.exitCode, c.exitCode) << c.args.join(u' ').toStdString();
-        EXPECT_TRUE(r.err.contains(c.errContains)) << r.err.toStdString();
-        EXPECT_TRUE(r.out.isEmpty()) << r.out.toStdString();
+    const QByteArray utf8 = text.toUtf8();
+    QByteArray bytes;
+    for (qsizetype i = 0; i < utf8.size(); ++i) {
+        if (utf8[i] != '\\' || i + 1 == utf8.size()) {
+            bytes += utf8[i];
+            continue;
+        }
+        const char c = utf8[++i];
+        if (c == 'x') {
+            bytes += char(utf8.mid(i + 1, 2).toInt(nullptr, 16));
+            i += 2;
+        } else {
+            bytes += c == 'r' ? '\r' : c == 'n' ? '\n' : c == 't' ? '\t' : c;
+        }
     }
+    return bytes;
 }
 
-TEST_F(CliTest, SystemTablesOnceThenTheSeedsRefuse)
+// Arguments as a shell splits them: at blanks, with double quotes around a text that has blanks or
+// is empty.
+QStringList arguments(const QString &text)
 {
-    const CliRun first = invoke({ u"sys"_s, u"init"_s });
-    EXPECT_EQ(first.exitCode, 0) << first.err.toStdString();
-    const CliRun second = invoke({ u"--verbose"_s, u"sys"_s, u"init"_s });
-    EXPECT_EQ(second.exitCode, 1);
-    EXPECT_TRUE(second.err.contains(u"USBRel64Data"_s)) << second.err.toStdString();
-    const CliRun third = invoke({ u"sys"_s, u"init"_s }); // the statement only with --verbose
-    EXPECT_TRUE(third.err.contains(u"abgelehnt"_s) && !third.err.contains(u"Insert into"_s)) << third.err.toStdString();
-    const CliRun mapped = invoke({ u"--json"_s, u"sys"_s, u"office-map"_s });
-    EXPECT_EQ(mapped.exitCode, 0) << mapped.err.toStdString();
-    EXPECT_TRUE(QJsonDocument::fromJson(mapped.out.toUtf8()).object()[u"done"_s].toBool());
+    QStringList args;
+    QString arg;
+    bool quoted = false, any = false;
+    for (const QChar c : QString(text + u' ')) {
+        if (c == u'"') {
+            quoted = !quoted;
+            any = true;
+        } else if (c == u' ' && !quoted) {
+            if (any || !arg.isEmpty())
+                args << arg;
+            arg.clear();
+            any = false;
+        } else {
+            arg += c;
+        }
+    }
+    return args;
+}
+
+// The command line's contract as its users meet it, from tests/cli/contract.txt: each run's exit
+// code and a text of its output (of standard error alone for a failure, whose standard output must
+// stay empty), in order, on each product. The file's head explains its lines.
+TEST_F(CliTest, Contract)
+{
+    QFile contract(QStringLiteral(KX_CLI_CONTRACT));
+    ASSERT_TRUE(contract.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QDir scratch(m_scratch.path());
+    QHash<QString, QString> values{ { u"SCRATCH"_s, m_scratch.path() }, { u"DB"_s, m_connectionString } };
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    CliRun last{};
+    int number = 0;
+    for (const QString &line : QString::fromUtf8(contract.readAll()).split(u'\n')) {
+        ++number;
+        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
+            continue;
+        QStringList fields = (line.endsWith(u" ¦"_s) ? line + u' ' : line).split(u" ¦ "_s);
+        for (QString &field : fields)
+            for (auto v = values.begin(); v != values.end(); ++v)
+                field.replace(u'{' + v.key() + u'}', v.value());
+        SCOPED_TRACE("contract.txt:" + std::to_string(number) + ": " + line.toStdString());
+        const QString verb = fields[0].section(u' ', 0, 0), what = fields[0].section(u' ', 1);
+        const QString text = QString::fromUtf8(unescaped(fields.value(1)));
+        if (verb == u"write"_s) {
+            kxtest::writeFile(scratch.filePath(what), unescaped(fields.value(1)));
+        } else if (verb == u"random"_s) {
+            QByteArray bytes(fields.value(1).toInt(), Qt::Uninitialized);
+            for (char &b : bytes)
+                b = char(QRandomGenerator::global()->bounded(256));
+            kxtest::writeFile(scratch.filePath(what), bytes);
+        } else if (verb == u"head"_s) {
+            kxtest::writeFile(scratch.filePath(what), kxtest::readFile(scratch.filePath(text)).left(fields.value(2).toInt()));
+        } else if (verb == u"mkdir"_s) {
+            scratch.mkpath(what);
+        } else if (verb == u"env"_s) {
+            environment.insert(what, text);
+        } else if (verb == u"absent"_s) {
+            EXPECT_FALSE(QFile::exists(scratch.filePath(what)));
+        } else if (verb == u"same"_s) {
+            EXPECT_EQ(kxtest::readFile(scratch.filePath(what)), kxtest::readFile(scratch.filePath(text)));
+        } else if (verb == u"capture"_s) {
+            values.insert(what, QRegularExpression(fields.value(1)).match(last.out).captured(1));
+        } else if (verb == u"once"_s) {
+            EXPECT_EQ(last.out.count(text), 1) << last.out.toStdString();
+        } else {
+            bool isCode = false;
+            const int expected = verb.toInt(&isCode);
+            ASSERT_TRUE(isCode) << "unknown line";
+            last = invoke(arguments(fields.value(2)), environment);
+            EXPECT_EQ(last.exitCode, expected) << last.err.toStdString();
+            if (text.startsWith(u'='))
+                EXPECT_EQ(last.out, text.mid(1));
+            else
+                EXPECT_TRUE((expected ? last.err : last.out + last.err).contains(text)) << last.out.toStdString() << last.err.toStdString();
+            if (expected)
+                EXPECT_EQ(last.out, QString());
+        }
+    }
 }
 
 // Every command's own help explains each argument and option of its usage line.
@@ -222,194 +277,8 @@ TEST_F(CliTest, HelpEverywhere)
 
 namespace {
 
-TEST_F(CliTest, StockPostingAndLog)
+TEST_F(CliTest, MergeWritesADocumentPerRecord)
 {
-    const QString two = QDate::currentDate().addDays(-2).toString(u"dd.MM.yyyy"_s);
-    const QString one = QDate::currentDate().addDays(-1).toString(Qt::ISODate);
-    const QList<QStringList> steps = {
-        { u"sys"_s, u"init"_s },
-        { u"stock"_s, u"init"_s },
-        { u"stock"_s, u"article"_s, u"4711"_s, u"Druckschlauch C"_s },
-        { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"WE-1"_s, u"4711"_s, u"10"_s, u"--preis"_s, u"38,50"_s },
-        { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"WE-1"_s, u"--date"_s, two, u"--belegnummer"_s, u"1"_s },
-        { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"WE-2"_s, u"4711"_s, u"5"_s, u"--preis"_s, u"41.25"_s },
-        { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"WE-2"_s, u"--date"_s, one },
-        { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"AUS-1"_s, u"4711"_s, u"12"_s },
-        { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"AUS-1"_s, u"--action"_s, u"sub"_s, u"--mode"_s, u"out"_s },
-        { u"stock"_s, u"line"_s, u"Bestellungen_artikel"_s, u"B-1"_s, u"4711"_s, u"20"_s },
-        { u"stock"_s, u"order"_s, u"Bestellungen_artikel"_s, u"B-1"_s },
-    };
-    for (const QStringList &step : steps) {
-        const CliRun r = invoke(step);
-        ASSERT_EQ(r.exitCode, 0) << step.join(u' ').toStdString() << ": " << r.err.toStdString();
-    }
-
-    const CliRun log = invoke({ u"--json"_s, u"stock"_s, u"log"_s, u"4711"_s });
-    ASSERT_EQ(log.exitCode, 0) << log.err.toStdString();
-    const QJsonObject result = QJsonDocument::fromJson(log.out.toUtf8()).object();
-    EXPECT_EQ(result[u"artikel"_s][u"bestand"_s].toDouble(), 3);
-    EXPECT_EQ(result[u"artikel"_s][u"countbestellt"_s].toDouble(), 20);
-    const QJsonArray rows = result[u"log"_s].toArray();
-    ASSERT_EQ(rows.size(), 4);
-    const struct
-    {
-        double anzahl;
-        int llmode;
-        double preis;
-        int fromRow; // -1: a receipt
-        double rest;
-    } expected[] = { { 10, 0, 38.5, -1, 0 }, { 5, 0, 41.25, -1, 3 }, { 10, 1, 38.5, 0, 0 }, { 2, 1, 41.25, 1, 0 } };
-    for (int i = 0; i < 4; ++i) {
-        const QJsonObject row = rows[i].toObject();
-        EXPECT_EQ(row[u"anzahl"_s].toDouble(), expected[i].anzahl) << i;
-        EXPECT_EQ(row[u"llmode"_s].toInt(), expected[i].llmode) << i;
-        EXPECT_EQ(row[u"preis"_s].toDouble(), expected[i].preis) << i;
-        EXPECT_EQ(row[u"incountavail"_s].toDouble(), expected[i].rest) << i;
-        if (expected[i].fromRow >= 0) {
-            EXPECT_EQ(row[u"out_idin"_s].toString(), rows[expected[i].fromRow].toObject()[u"id"_s].toString());
-        }
-    }
-    EXPECT_EQ(result[u"monate"_s].toArray().size(), 1);
-    EXPECT_TRUE(invoke({ u"stock"_s, u"log"_s, u"4711"_s }).out.contains(u"Nr. 2"_s));
-
-    const CliRun avail = invoke({ u"--json"_s, u"stock"_s, u"avail"_s, u"4711"_s });
-    EXPECT_EQ(QJsonDocument::fromJson(avail.out.toUtf8()).object()[u"maxAvail"_s].toDouble(), 3);
-    const CliRun unknown = invoke({ u"--json"_s, u"stock"_s, u"avail"_s, u"4712"_s });
-    EXPECT_EQ(QJsonDocument::fromJson(unknown.out.toUtf8()).object()[u"maxAvail"_s].toDouble(), -280772);
-
-    const struct
-    {
-        QStringList args;
-        int exitCode;
-        QString errContains;
-    } failures[] = {
-        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"--action"_s, u"plus"_s }, 2, u"reset-add"_s },
-        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s }, 2, u"TABELLE BELEG"_s },
-        { { u"stock"_s, u"avail"_s, u"99999999999999999999"_s }, 2, u"64-Bit-Bereich"_s },
-        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"--date"_s, u"31.02.2026"_s }, 2, u"kein Datum"_s },
-        { { u"stock"_s, u"line"_s, u"LAGERBELEG_POS"_s, u"X"_s, u"4711"_s, u"zehn"_s }, 2, u"keine Zahl"_s },
-        { { u"stock"_s, u"post"_s, u"KEINE_TABELLE"_s, u"X"_s }, 1, u"gibt es nicht"_s },
-        { { u"stock"_s, u"post"_s, u"LAGERBELEG_POS"_s, u"X"_s }, 1, u"keine Zeilen"_s },
-        { { u"stock"_s, u"log"_s, u"4712"_s }, 1, u"nicht vorhanden"_s },
-    };
-    for (const auto &f : failures) {
-        const CliRun r = invoke(f.args);
-        EXPECT_EQ(r.exitCode, f.exitCode) << f.args.join(u' ').toStdString();
-        EXPECT_TRUE(r.err.contains(f.errContains)) << r.err.toStdString();
-    }
-}
-
-} // namespace
-
-namespace {
-
-QJsonObject jsonOf(const CliRun &run)
-{
-    return QJsonDocument::fromJson(run.out.toUtf8()).object();
-}
-
-TEST_F(CliTest, FeesAndDispatch)
-{
-    ASSERT_EQ(invoke({ u"fee"_s, u"init"_s, u"--sample"_s }).exitCode, 0);
-    ASSERT_EQ(invoke({ u"dispatch"_s, u"init"_s, u"--sample"_s }).exitCode, 0);
-
-    const QJsonObject fee = jsonOf(invoke({ u"--json"_s, u"fee"_s, u"MUSTERSTADT"_s, u"brand"_s, u"--hours"_s, u"1"_s,
-                                            u"--minutes"_s, u"20"_s, u"--km"_s, u"10"_s }));
-    EXPECT_EQ(fee[u"costFwaFw"_s].toDouble(), 125); // 25 flat, 90 for 90 minutes, two surcharges of 5
-    // 45.50 an hour for 90 minutes, two flat surcharges of 2.50, one of 7.50, 1.20 a km for 10 km.
-    EXPECT_DOUBLE_EQ(fee[u"costFwSvgv"_s].toDouble(), 45.5 * 1.5 + 2.5 * 2 + 7.5 + 12);
-    EXPECT_EQ(invoke({ u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--quantity"_s, u"2,5"_s }).out.split(u'\n').size(), 4);
-
-    const QJsonObject street = jsonOf(invoke({ u"--json"_s, u"split-street"_s, u"Am Markt 3/5/7"_s }, false));
-    EXPECT_EQ(street, (QJsonObject{ { u"Strasse"_s, u"Am Markt"_s }, { u"Hausnummer"_s, u"3"_s },
-                                    { u"HausnummerZusatz"_s, QString() }, { u"Zusatz"_s, u"5/7"_s } }));
-    const QJsonObject object = jsonOf(invoke({ u"--json"_s, u"split-object"_s, u"--"_s, u"- Rathaus"_s }, false));
-    EXPECT_EQ(object, (QJsonObject{ { u"Prefix"_s, QString() }, { u"Name"_s, u"Rathaus"_s } }));
-
-    const QJsonObject rule = jsonOf(invoke({ u"--json"_s, u"aao"_s, u"Musterstadt - Rathaus"_s, u"Musterstadt"_s,
-                                             u"B2"_s, u"--use-name"_s, u"--explain"_s, u"--date"_s, u"25.11.2026"_s,
-                                             u"--time"_s, u"12:00:00"_s })); // by day: the night rule must not apply
-    EXPECT_FALSE(rule[u"id"_s].toString().isEmpty());
-    EXPECT_EQ(rule[u"statements"_s].toArray().size(), 2);
-    const QJsonObject night = jsonOf(invoke({ u"--json"_s, u"aao"_s, u"Schule"_s, u"Neudorf"_s, u"B2"_s, u"--date"_s,
-                                              u"25.11.2026"_s, u"--time"_s, u"03:00:00"_s }));
-    EXPECT_NE(night[u"id"_s].toString(), rule[u"id"_s].toString());
-
-    EXPECT_EQ(jsonOf(invoke({ u"--json"_s, u"district"_s, u"64285"_s, u"Musterstadt"_s, u"Hauptstr."_s, u"45"_s }))
-                  [u"ortsteil"_s].toString(),
-              u"Neustadt"_s);
-    EXPECT_EQ(invoke({ u"settings-name"_s, u"fms"_s }).out, u"FMSMonitor\n"_s);
-
-    const struct
-    {
-        QStringList args;
-        int exitCode;
-        QString errContains;
-    } failures[] = {
-        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--minutes"_s, u"zwanzig"_s }, 2, u"keine ganze Zahl"_s },
-        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--days"_s, u"2000000"_s }, 1, u"Überlauf"_s },
-        { { u"aao"_s, u"x"_s, u"y"_s, u"B2"_s, u"--date"_s, u"25.11.2026"_s }, 2, u"gehören zusammen"_s },
-        { { u"aao"_s, u"x"_s, u"y"_s, u"B2"_s, u"--date"_s, u"25.11.2026"_s, u"--time"_s, u"x' or '1'='1"_s }, 2, u"keine Uhrzeit"_s },
-        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--km"_s, u"nan"_s }, 2, u"keine Zahl"_s },
-        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--km"_s, u"inf"_s }, 2, u"keine Zahl"_s },
-        { { u"fee"_s, u"MUSTERSTADT"_s, u"BRAND"_s, u"--km"_s, u"-5"_s }, 1, u"nicht negativ"_s },
-        { { u"settings-name"_s, u"karte"_s }, 2, u"weder fms noch lumiron"_s },
-        { { u"split-street"_s }, 2, u"TEXT"_s },
-    };
-    for (const auto &f : failures) {
-        const CliRun r = invoke(f.args);
-        EXPECT_EQ(r.exitCode, f.exitCode) << f.args.join(u' ').toStdString();
-        EXPECT_TRUE(r.err.contains(f.errContains)) << r.err.toStdString();
-    }
-}
-
-TEST_F(CliTest, CategoriesAndTenantFragment)
-{
-    for (const QStringList &args : { QStringList{ u"init"_s }, QStringList{ u"sys"_s, u"init"_s },
-                                      QStringList{ u"kats"_s, u"init"_s, u"--sample"_s },
-                                      QStringList{ u"kats"_s, u"add"_s, u"Fahrzeuge"_s, u"7010"_s, u"Fahrzeug"_s,
-                                                   u"Fahrzeug_Kats"_s, u"KENNZEICHEN"_s },
-                                      QStringList{ u"tenants"_s, u"init"_s, u"--sample"_s } }) {
-        const CliRun r = invoke(args);
-        ASSERT_EQ(r.exitCode, 0) << args.join(u' ').toStdString() << ": " << r.err.toStdString();
-    }
-    const CliRun links = invoke({ u"--json"_s, u"datalinks"_s, u"fahrzeug"_s });
-    const QJsonArray linkRows = QJsonDocument::fromJson(links.out.toUtf8()).array();
-    ASSERT_EQ(linkRows.size(), 1) << links.out.toStdString();
-    EXPECT_EQ(linkRows[0].toObject()[u"linktablename"_s].toString(), u"FAHRZEUG_KATS"_s);
-
-    // An unknown category writes nothing; then the ticks are stored and shown with grayed parents.
-    EXPECT_EQ(invoke({ u"kats"_s, u"set"_s, u"FZ-1"_s, u"Fahrzeuge"_s, u"FZ-LF"_s, u"XX"_s }).exitCode, 1);
-    EXPECT_EQ(invoke({ u"kats"_s, u"set"_s, u"FZ-1"_s, u"Fahrzeuge"_s, u"FZ-LF"_s, u"EA"_s }).exitCode, 0);
-    const CliRun shown = invoke({ u"--json"_s, u"kats"_s, u"show"_s, u"FZ-1"_s, u"Fahrzeuge"_s });
-    const QJsonArray top = QJsonDocument::fromJson(shown.out.toUtf8()).object()[u"children"_s].toArray();
-    ASSERT_EQ(top.size(), 3) << shown.out.toStdString();
-    EXPECT_EQ(top[0].toObject()[u"state"_s].toString(), u"partlyChecked"_s);
-    EXPECT_EQ(top[1].toObject()[u"state"_s].toString(), u"unchecked"_s);
-    EXPECT_EQ(top[2].toObject()[u"state"_s].toString(), u"checked"_s);
-    EXPECT_TRUE(invoke({ u"kats"_s, u"show"_s, u"FZ-1"_s, u"Fahrzeuge"_s }).out.contains(u"  [-] Fahrzeuge\n    [x] Löschfahrzeuge\n"_s));
-
-    const CliRun fragment = invoke({ u"--json"_s, u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM-N"_s, u"--user"_s, u"demo"_s });
-    ASSERT_EQ(fragment.exitCode, 0) << fragment.err.toStdString();
-    EXPECT_TRUE(fragment.out.contains(u"\"fragment\": \" and ( 1=2 \\r\\n or FAHRZEUG.MandantId='FFM-N' \\r\\n)\\r\\n\""_s))
-        << fragment.out.toStdString();
-    const CliRun text = invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM-N"_s, u"--user"_s, u"demo"_s });
-    EXPECT_EQ(text.out, u" and ( 1=2 \r\n or FAHRZEUG.MandantId='FFM-N' \r\n)\r\n"_s);
-    EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM"_s, u"--unrestricted"_s }).out, QString());
-    EXPECT_EQ(invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"FFM"_s }).exitCode, 2);
-    // A code with a quote is looked up as the text it is: no such tenant, so no restriction.
-    const CliRun quoted = invoke({ u"tenant-filter"_s, u"Fahrzeug"_s, u"F'M"_s, u"--user"_s, u"demo"_s });
-    EXPECT_EQ(quoted.exitCode, 0) << quoted.err.toStdString();
-    EXPECT_EQ(quoted.out, QString());
-}
-
-TEST_F(CliTest, OpenAndMerge)
-{
-    const CliRun missing = invoke({ u"open"_s, u"fehlt.pdf"_s, u"--show-error"_s }, false);
-    EXPECT_EQ(missing.exitCode, 1);
-    EXPECT_TRUE(missing.err.contains(u"Datei wurde nicht gefunden."_s)) << missing.err.toStdString();
-    EXPECT_EQ(invoke({ u"open"_s, u"fehlt.pdf"_s }, false).exitCode, 0); // silent without --show-error
-
     ASSERT_EQ(invoke({ u"sys"_s, u"init"_s }).exitCode, 0);
     kxtest::exec(u"create table PERSONEN (ID varchar(10), NAME varchar(40), ORT varchar(40))"_s);
     kxtest::exec(u"insert into PERSONEN (ID, NAME, ORT) values ('1', 'Weber', 'Reinheim')"_s);
