@@ -76,8 +76,6 @@ void expectBookedOnce(const QList<int> &articles, double expected, int receipts)
 
 TEST_F(StockProgramsTest, SameDocumentPostedByManyProgramsIsBookedOnce)
 {
-    if (!ready())
-        return;
     for (const int programs : { 2, 4, 8 }) {
         SCOPED_TRACE(std::to_string(programs) + " programs");
         const QList<int> articles{ 100 * programs + 1, 100 * programs + 2, 100 * programs + 3 };
@@ -93,8 +91,6 @@ TEST_F(StockProgramsTest, SameDocumentPostedByManyProgramsIsBookedOnce)
 
 TEST_F(StockProgramsTest, SameArticleIssuedFromManyDocumentsDrawsEachReceiptOnce)
 {
-    if (!ready())
-        return;
     const int documentsPerProgram = 3;
     const double quantity = 1.5;
     for (const int programs : { 2, 4, 8 }) {
@@ -122,8 +118,6 @@ TEST_F(StockProgramsTest, SameArticleIssuedFromManyDocumentsDrawsEachReceiptOnce
 
 TEST_F(StockProgramsTest, SameLineSetByManyProgramsIsOneLine)
 {
-    if (!ready())
-        return;
     stock_AddArticle(4711, u"Kupplungsschlüssel"_s);
     const QString document = sqlGenIdValue();
     runAtOnce(QList<QStringList>(6, { u"stock"_s, u"line"_s, table, document, u"4711"_s, u"2"_s }));
@@ -134,8 +128,6 @@ TEST_F(StockProgramsTest, SameLineSetByManyProgramsIsOneLine)
 // it again afterwards books what is left, once.
 TEST_F(StockProgramsTest, KilledPostingIsBookedOnceWhenPostedAgain)
 {
-    if (!ready())
-        return;
     QList<int> articles;
     for (int i = 1; i <= 50; ++i) {
         articles << 2000 + i;
@@ -170,8 +162,6 @@ TEST_F(StockProgramsTest, KilledPostingIsBookedOnceWhenPostedAgain)
 // is booked once.
 TEST_F(StockProgramsTest, RefusedStatementInTheMiddleOfALine)
 {
-    if (!ready())
-        return;
     for (const bool whole : { true, false }) { // the doubly booked lines come last
         SCOPED_TRACE(whole ? "posted whole" : "statement by statement");
         exec(u"create unique index LagerLogLinkIDX on LagerLog (LINKID)"_s);

@@ -179,8 +179,6 @@ class LedgerPropertyTest : public kxtest::StockTest
 
 TEST_F(LedgerPropertyTest, FractionalBookingsKeepTheLedgerToTheCent)
 {
-    if (!ready())
-        return;
     const QString lines = QString::fromUtf16(StockLineTable);
     const int cases = kxtest::product() == u"firebird"_s ? 25 : 80;
     const bool holds = kxtest::propertyHolds("the ledger of fractional bookings", cases, [&] {
