@@ -5,6 +5,7 @@
 #include "importcommon.h"
 #include "kxerror.h"
 #include "log.h"
+#include "property.h"
 #include "scriptedmessages.h"
 #include "scratchfiles.h"
 #include "sqltool.h"
@@ -83,6 +84,13 @@ protected:
     {
         return QList<ScriptedMessages::Step>{ { ask1, mrYes }, { ask2, clear }, { ask3, mrYes } } + then;
     }
+    // Runs the import with the three questions answered (emptying the tables as Clear says), then
+    // the messages Then.
+    static void execute(TImportRun &r, const QList<ScriptedMessages::Step> &then = { { done } }, int clear = mrNo)
+    {
+        ScriptedMessages user(questions(clear, then));
+        r.Execute();
+    }
 
     TCDataAccess *main = nullptr;
     TCDataAccess *child = nullptr;
@@ -100,10 +108,7 @@ TEST_F(ImportRunTest, GoldenEachValueIsOneUpdateAndTheChildRowComesWithTheFirstV
     QStringList ids;
     r.OnAfterUpdateRecord = [&ids](QObject *, const QString &id) { ids << id; };
     kx::SqlTraceCapture trace;
-    {
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        r.Execute();
-    }
+    execute(r);
     kxtest::expectGoldenTrace(u"import-one-line"_s, trace.statements());
     EXPECT_EQ(rows(u"select NR, NAME, BETRAG, LFD from IMP_MAIN"_s), QStringList{ u"N1|ab|12,5|100"_s });
     EXPECT_EQ(rows(u"select p.TEXT from IMP_POS p join IMP_MAIN m on m.ID=p.IDPARENT"_s), QStringList{ u"Teil eins"_s });
@@ -127,10 +132,7 @@ TEST_F(ImportRunTest, ValuesAsTheyComeFromOtherPrograms)
     TImportRun r = run(file, allPairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
     QStringList ids;
     r.OnAfterUpdateRecord = [&ids](QObject *, const QString &id) { ids << id; };
-    {
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        r.Execute();
-    }
+    execute(r);
     QStringList written = rows(u"select NR, NAME, BETRAG, DATUM from IMP_MAIN"_s);
     written.sort();
     EXPECT_EQ(written,
@@ -143,14 +145,49 @@ TEST_F(ImportRunTest, ValuesAsTheyComeFromOtherPrograms)
     EXPECT_EQ(r.summary().RowsInserted, 6);
 }
 
+// Random files against a model of the run: a line whose key is in the table (also from an earlier
+// line) writes that row, any other line adds one; an empty value writes nothing, a text is cut to
+// its column with its quotes kept, an amount lands to the cent.
+TEST_F(ImportRunTest, RandomFilesLandAsTheModelSays)
+{
+    const QList<std::pair<QString, QString>> pairs{ { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s },
+                                                    { u"BETRAG.IMP_MAIN"_s, u"3"_s } };
+    const int cases = kxtest::product() == u"firebird"_s ? 15 : 40;
+    EXPECT_TRUE(kxtest::propertyHolds("random files against the run's model", cases, [&] {
+        kxtest::exec(u"delete from IMP_MAIN"_s);
+        std::map<QString, std::pair<QString, qint64>> model; // key: name, cents (-1: none)
+        QByteArray file;
+        for (int line = *rc::gen::inRange(1, 12); line > 0; --line) {
+            const QString key = u"K"_s + QString::number(*rc::gen::inRange(0, 5));
+            const QString name = QString::fromStdString(*rc::gen::container<std::string>(rc::gen::elementOf(std::string("ab'xy"))));
+            const qint64 cents = *rc::gen::arbitrary<bool>() ? *rc::gen::inRange(0, 10000000) : -1;
+            const QString amount = cents < 0 ? QString() : u"%1,%2"_s.arg(cents / 100).arg(cents % 100, 2, 10, QChar(u'0'));
+            file += (key + u';' + name + u';' + amount + u'\n').toUtf8();
+            auto row = model.try_emplace(key, QString(), -1).first;
+            if (!name.isEmpty())
+                row->second.first = name.left(5);
+            if (cents >= 0)
+                row->second.second = cents;
+        }
+        TImportRun r = run(writeFile(file), pairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
+        execute(r);
+        QStringList expected, written;
+        for (const auto &[key, row] : model)
+            expected << key + u'|' + row.first + u'|' + QString::number(row.second);
+        for (const auto &row : kxtest::exec(u"select NR, NAME, BETRAG from IMP_MAIN order by NR"_s).rows)
+            written << row.value(0).toString() + u'|' + row.value(1).toString() + u'|'
+                    + QString::number(row.value(2).isNull() ? -1 : qRound64(row.value(2).toDouble() * 100));
+        RC_ASSERT(written == expected);
+    }));
+}
+
 TEST_F(ImportRunTest, KeysDecideBetweenNewAndExistingRows)
 {
     const QString file = writeFile("K1;eins\nK2;zwei\n");
     const QList<std::pair<QString, QString>> pairs{ { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s } };
     for (int i = 0; i < 2; ++i) {
         TImportRun r = run(file, pairs);
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        r.Execute();
+        execute(r);
     }
     EXPECT_EQ(rows(u"select count(*) from IMP_MAIN"_s), QStringList{ u"4"_s }) << "without a key every line is new";
 
@@ -159,10 +196,7 @@ TEST_F(ImportRunTest, KeysDecideBetweenNewAndExistingRows)
     kxtest::exec(u"insert into IMP_MAIN (ID, NR) values ('B', 'K1')"_s);
     const QString first = rows(u"Select id from IMP_MAIN\nWhere NR = 'K1'"_s).value(0);
     TImportRun keyed = run(file, pairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
-    {
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        keyed.Execute();
-    }
+    execute(keyed);
     const QStringList expected = first == u"A"_s ? QStringList{ u"A|eins"_s, u"B|"_s } : QStringList{ u"A|"_s, u"B|eins"_s };
     EXPECT_EQ(rows(u"select ID, NAME from IMP_MAIN where NR='K1' order by ID"_s), expected);
     EXPECT_EQ(rows(u"select count(*) from IMP_MAIN"_s), QStringList{ u"3"_s });
@@ -241,10 +275,7 @@ TEST_F(ImportRunTest, AValueTheDatabaseRefusesFailsAloneInItsBatch)
     kxtest::exec(u"create unique index IMP_MAIN_NAME_U on IMP_MAIN (NAME)"_s);
     const QString file = writeFile("N1;a;1,5\nN2;a;2,5\nN3;b;3,5\n");
     TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s }, { u"BETRAG.IMP_MAIN"_s, u"3"_s } });
-    {
-        ScriptedMessages user(questions(mrNo, { { u"Beim Import der Zeile: N2;a;2,5;\r\ntrat folgender Fehler auf: *"_s }, { done } }));
-        r.Execute();
-    }
+    execute(r, { { u"Beim Import der Zeile: N2;a;2,5;\r\ntrat folgender Fehler auf: *"_s }, { done } });
     EXPECT_EQ(rows(u"select NR, NAME, BETRAG from IMP_MAIN order by NR"_s),
               (QStringList{ u"N1|a|1,5"_s, u"N2||2,5"_s, u"N3|b|3,5"_s }));
     ASSERT_EQ(r.summary().ColumnErrors.size(), 1);
@@ -340,10 +371,7 @@ TEST_F(ImportRunTest, EventsSeeEveryInsertAndEveryWrittenRow)
             values << u"'7'"_s;
         }
     };
-    {
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        r.Execute();
-    }
+    execute(r);
     EXPECT_EQ(tables, (QStringList{ u"ID,LFD"_s, u"ID,IDParent"_s }));
     EXPECT_EQ(rows(u"select MANDANTID from IMP_MAIN"_s), QStringList{ u"7"_s });
     EXPECT_EQ(rows(u"select p.TEXT from IMP_POS p join IMP_MAIN m on m.ID=p.IDPARENT"_s), QStringList{ u"Pos"_s });
@@ -361,10 +389,7 @@ TEST_F(ImportRunTest, AHookThatReadsItsRowSeesTheLine)
         seen << compSqlConnection->execute(u"select NR from IMP_MAIN where ID="_s + kx::sqlQuoted(id)).rows.at(0).value(0).toString();
         compSqlConnection->execute(u"update IMP_MAIN set EINHEIT=NR where ID="_s + kx::sqlQuoted(id));
     };
-    {
-        ScriptedMessages user(questions(mrNo, { { u"Beim Import der Zeile: N2;a;\r\ntrat folgender Fehler auf: *"_s }, { done } }));
-        r.Execute();
-    }
+    execute(r, { { u"Beim Import der Zeile: N2;a;\r\ntrat folgender Fehler auf: *"_s }, { done } });
     EXPECT_EQ(rows(u"select NR, NAME, EINHEIT from IMP_MAIN order by NR"_s),
               (QStringList{ u"N1|a|N1"_s, u"N2||N2"_s, u"N3|b|N3"_s, u"N4|c|N4"_s }));
     seen.removeDuplicates();
@@ -391,8 +416,7 @@ TEST_F(ImportRunTest, GoldenUnitRecordsGetTheirDisplayNameUnlessTheFileGaveIt)
     TImportRun r = run(file, pairs, {}, {}, &units, -99);
     {
         kx::SqlTraceCapture trace;
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        r.Execute();
+        execute(r);
         kxtest::expectGoldenTrace(u"import-unit-pass"_s, trace.statements());
     }
     EXPECT_EQ(rows(u"select EINHEIT from IMP_UNIT order by TYP"_s),
@@ -402,10 +426,7 @@ TEST_F(ImportRunTest, GoldenUnitRecordsGetTheirDisplayNameUnlessTheFileGaveIt)
     const QString given = writeFile("TLF;Florian 3;HE;GG;;;;;Eigener Name\n");
     TImportRun second = run(given, pairs, {}, {}, &units, -99);
     kx::SqlTraceCapture trace;
-    {
-        ScriptedMessages user(questions(mrYes, { { done } }));
-        second.Execute();
-    }
+    execute(second, { { done } }, mrYes);
     EXPECT_EQ(rows(u"select EINHEIT from IMP_UNIT"_s), QStringList{ u"Eigener Name"_s });
     EXPECT_FALSE(trace.statements().join(u'\n').contains(u"Update IMP_UNIT set \n"_s));
 }
@@ -433,10 +454,7 @@ TEST_F(ImportRunTest, TablesFromThePackageOrFromTheCatalog)
                        { { u"ANZAHL.CATTEST"_s, u"1"_s }, { u"PREIS.CATTEST"_s, u"2"_s }, { u"NAME.CATTEST"_s, u"3"_s },
                          { u"DATUM.CATTEST"_s, u"4"_s } },
                        {}, {}, catalog.get());
-    {
-        ScriptedMessages user(questions(mrNo, { { done } }));
-        r.Execute();
-    }
+    execute(r);
     EXPECT_EQ(rows(u"select ANZAHL, PREIS, NAME, DATUM from CATTEST"_s), QStringList{ u"3|2,5|Äpfel|01.02.2026"_s });
     EXPECT_THROW(importTableDefinition(u"GIBTSNICHT"_s, nullptr), kx::Error);
 }
