@@ -2,6 +2,7 @@
 // The converters under German and English format settings.
 #include "formatsettings.h"
 #include "kxerror.h"
+#include "property.h"
 #include "sqlquery.h"
 #include "sqltool.h"
 #include "testdatabase.h"
@@ -40,6 +41,30 @@ TEST(SqlConvertFloat, WritesPointAndShortestDigits)
     EXPECT_THROW(sqlConvertFloat(std::numeric_limits<double>::infinity()), kx::ConvertError);
 }
 
+// Any amount written as the format settings write it, with or without thousands separators, reads
+// as the number itself; any date written in the short date format or as ISO reads as that date.
+TEST(Converters, WhatTheFormatWritesReadsBack)
+{
+    EXPECT_TRUE(kxtest::propertyHolds("amounts and dates read back", 500, [] {
+        const bool german = *rc::gen::arbitrary<bool>();
+        FormatScope scope(german ? TCFormatSettings::german() : TCFormatSettings::english());
+        const qint64 cents = *rc::gen::inRange<qint64>(-1000000000000, 1000000000000);
+        QString whole = QString::number(std::abs(cents) / 100);
+        if (*rc::gen::arbitrary<bool>())
+            for (qsizetype i = whole.size() - 3; i > 0; i -= 3)
+                whole.insert(i, german ? u'.' : u',');
+        const QString text = (cents < 0 ? u"-"_s : QString()) + whole + (german ? u',' : u'.')
+            + u"%1"_s.arg(std::abs(cents) % 100, 2, 10, QChar(u'0'));
+        RC_ASSERT(sqlConvertFloat(text) == sqlConvertFloat(double(cents) / 100));
+        const QDate date = QDate(1000, 1, 1).addDays(*rc::gen::inRange(0, 3280000));
+        const QString iso = date.toString(Qt::ISODate);
+        RC_ASSERT(sqlConvertDate(date.toString(german ? u"dd.MM.yyyy"_s : u"MM/dd/yyyy"_s)) == iso);
+        RC_ASSERT(sqlConvertDate(date.toString(german ? u"d.M.yyyy"_s : u"M/d/yyyy"_s)) == iso);
+        RC_ASSERT(sqlConvertDate(iso) == iso);
+    }));
+}
+
+// Where reading refuses or reads otherwise.
 TEST(SqlConvertFloat, ReadsTheLocalesNumberFormat)
 {
     const struct {
@@ -47,8 +72,6 @@ TEST(SqlConvertFloat, ReadsTheLocalesNumberFormat)
         QString text;
         QString expected; // empty: a conversion error
     } cases[] = {
-        { TCFormatSettings::german(), u"2,5"_s, u"2.5"_s },
-        { TCFormatSettings::german(), u"1.234,5"_s, u"1234.5"_s },
         { TCFormatSettings::german(), u"1.234.567"_s, u"1234567"_s },
         { TCFormatSettings::german(), u" -3 "_s, u"-3"_s },
         { TCFormatSettings::german(), u"2.5"_s, {} },
@@ -56,8 +79,6 @@ TEST(SqlConvertFloat, ReadsTheLocalesNumberFormat)
         { TCFormatSettings::german(), u""_s, {} },
         { TCFormatSettings::german(), u"-"_s, {} },
         { TCFormatSettings::german(), u","_s, {} },
-        { TCFormatSettings::english(), u"2.5"_s, u"2.5"_s },
-        { TCFormatSettings::english(), u"1,234.5"_s, u"1234.5"_s },
         { TCFormatSettings::english(), u"2,5"_s, {} },
     };
     for (const auto &c : cases) {
@@ -89,12 +110,9 @@ TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
         QString text;
         QString expected;
     } cases[] = {
-        { TCFormatSettings::german(), u"22.11.2026"_s, u"2026-11-22"_s },
-        { TCFormatSettings::german(), u"1.2.2026"_s, u"2026-02-01"_s },
         { TCFormatSettings::german(), u"22.11.26"_s, u"2026-11-22"_s },
         { TCFormatSettings::german(), u"22.11.75"_s, u"1975-11-22"_s },
         { TCFormatSettings::german(), u"22.11.2026 13:45:00"_s, u"2026-11-22"_s },
-        { TCFormatSettings::german(), u"2026-11-22"_s, u"2026-11-22"_s },
         { TCFormatSettings::german(), u"31.02.2026"_s, u""_s },
         { TCFormatSettings::german(), u"11/22/2026"_s, u""_s },
         { TCFormatSettings::german(), u"abc"_s, u""_s },
@@ -103,7 +121,6 @@ TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
         { TCFormatSettings::german(), u"1.11.0"_s, u"2000-11-01"_s },
         { TCFormatSettings::german(), u"1.11.000"_s, u""_s },
         { TCFormatSettings::german(), u""_s, u""_s },
-        { TCFormatSettings::english(), u"11/22/2026"_s, u"2026-11-22"_s },
         { TCFormatSettings::english(), u"22.11.2026"_s, u""_s },
     };
     for (const auto &c : cases) {
