@@ -54,10 +54,4 @@ TEST(Package, InitialisationOnlyCountsAndRunsNoSql)
     EXPECT_EQ(int(applicationOwner()->children().size()), objectsBefore);
 }
 
-TEST(Package, SharedFlagsStartTrue)
-{
-    EXPECT_TRUE(CommonConst::MemoryTransponderMode);
-    EXPECT_TRUE(CommonConst::ShowDeviceInfoOnStartTesting);
-}
-
 } // namespace

@@ -3,15 +3,11 @@
 // the theme colours of headers and progress bars.
 #include "appscaleform.h"
 #include "globals.h"
-#include "listviewhooks.h"
 #include "tcdirectoryselectdlg.h"
 
-#include <QHeaderView>
-#include <QProgressBar>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QTreeView>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -51,20 +47,6 @@ TEST(FormScaler, AFormNeverOutgrowsTheScreen)
     EXPECT_LE(form.width(), available.width());
     EXPECT_EQ(form.height(), qMin(300.0 * form.screen()->logicalDotsPerInch() / 96.0, qreal(available.height())));
     setFormScaler(nullptr);
-}
-
-TEST(ThemeColors, HeadersAndProgressBars)
-{
-    QTreeView view;
-    themeColors().Enabled = true;
-    RedrawHeader(&view);
-    EXPECT_TRUE(view.header()->styleSheet().contains(themeColors().HeaderBackground.name()));
-    themeColors().Enabled = false;
-    RedrawHeader(&view);
-    EXPECT_TRUE(view.header()->styleSheet().isEmpty());
-    QProgressBar bar;
-    setProgressBarBackgroundColor(&bar, QColor(0x12, 0x34, 0x56));
-    EXPECT_TRUE(bar.styleSheet().contains(u"background-color: #123456"_s));
 }
 
 } // namespace
