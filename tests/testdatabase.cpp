@@ -48,6 +48,7 @@ void DatabaseTest::SetUp()
             FAIL() << reason;
         GTEST_SKIP() << reason;
     }
+    prepare();
 }
 
 void DatabaseTest::TearDown()

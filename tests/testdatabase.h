@@ -18,13 +18,15 @@ QString product();
 // The connection string for the product, or empty when its server is not configured.
 QString connectionString(QTemporaryDir &scratch);
 
-// Opens compSqlConnection on an empty database of the chosen product. A product whose server
-// is not there is a named skip locally and a failure in CI.
+// Opens compSqlConnection on an empty database of the chosen product, then calls prepare() for
+// the fixture's own tables and rows. A product whose server is not there is a named skip locally
+// and a failure in CI; neither prepare() nor the test body runs then.
 class DatabaseTest : public ::testing::Test
 {
 protected:
     void SetUp() override;
     void TearDown() override;
+    virtual void prepare() {}
 
     QString m_connectionString;
     QTemporaryDir m_scratch;

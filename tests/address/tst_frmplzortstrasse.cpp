@@ -20,11 +20,8 @@ namespace {
 class FrmPlzOrtStrasseTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         dispatch_CreateTables();
         const struct
         {

@@ -18,13 +18,7 @@ namespace {
 class AaoTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
-    {
-        DatabaseTest::SetUp();
-        if (ready())
-            dispatch_CreateTables();
-    }
-    bool ready() const { return !IsSkipped() && !HasFailure(); }
+    void prepare() override { dispatch_CreateTables(); }
 };
 
 AaoRule rule(const QString &kuerzel, const QString &name)

@@ -29,11 +29,8 @@ namespace {
 class DocDialogsTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         docs = m_scratch.filePath(u"Dokumente"_s);
         for (const QString &file : { u"Scan.JPG"_s, u"alt.jpg"_s, u"Scan.jpeg"_s, u"Scan.png"_s, u"Bericht.pdf"_s,
                                      u"Bilder.jpg/Lage.png"_s }) {

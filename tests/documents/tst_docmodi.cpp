@@ -41,11 +41,8 @@ const QString table = u"Fahrzeug_Dokumente"_s;
 class DocModiTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         alterOrCreateTable(systables::BinaryData(), compSqlConnection);
         documents_CreateTable(table);
         setDocumentLauncher(std::make_unique<RecordingLauncher>(opened));

@@ -25,11 +25,8 @@ namespace {
 class DocViewTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         setDocumentLauncher(std::make_unique<RecordingLauncher>(opened));
         cSearchPathList = { m_scratch.path() };
         kxtest::writeFile(m_scratch.filePath(u"Fahrzeugbrief.pdf"_s));

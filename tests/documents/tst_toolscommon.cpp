@@ -73,11 +73,8 @@ private:
 class ToolsCommonTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         docs = m_scratch.filePath(u"docs"_s);
         QDir().mkpath(docs);
         cSearchPathList = { m_scratch.filePath(u"leer"_s), docs };

@@ -14,11 +14,8 @@ namespace {
 class GSCommonTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         fee_CreateTables();
         fee_AddSchedule(u"Prüfsatzung"_s, u"S"_s);
         fee_AddRounding(u"S"_s, 30, 30, 0);

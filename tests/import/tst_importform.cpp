@@ -52,11 +52,8 @@ void doubleClick(QTreeWidget *list, int row)
 class ImportFormTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         table = new TCDataAccess({ u"IMP_FORM"_s,
                                    { { u"ID"_s, u"Varchar(43)"_s }, { u"PLZ"_s, u"VarChar(10)"_s },
                                      { u"ORT"_s, u"VarChar(40)"_s, 0, u"Ort"_s } } },

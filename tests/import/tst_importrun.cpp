@@ -31,11 +31,8 @@ const QString done = u"Daten wurden importiert."_s;
 class ImportRunTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         TCFieldDef counter(u"LFD"_s, u"Numeric(10,0)"_s, fGenerator);
         counter.GeneratorMin = 100;
         main = new TCDataAccess({ u"IMP_MAIN"_s,

@@ -20,11 +20,8 @@ namespace {
 class BinaryDataTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         alterOrCreateTable(systables::BinaryData(), compSqlConnection);
         QDir(m_scratch.path()).mkpath(u"raus"_s);
     }

@@ -22,11 +22,8 @@ enum class Fails { No, Range, Convert, Database };
 class DataCommonTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         alterOrCreateTable(systables::SysDef_DataLink(), compSqlConnection);
         mdef_CreateData();
     }

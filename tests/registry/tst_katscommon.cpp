@@ -28,11 +28,8 @@ const QString module = u"Fahrzeuge"_s;
 class KatsCommonTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         alterOrCreateTable(systables::SysDef_DataLink(), compSqlConnection);
         mdef_CreateData();
         Kats_CreateData();

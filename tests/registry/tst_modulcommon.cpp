@@ -23,12 +23,7 @@ int holdersLeft()
 class ModulCommonTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
-    {
-        kxtest::DatabaseTest::SetUp();
-        if (!IsSkipped() && !HasFailure())
-            mdef_CreateData();
-    }
+    void prepare() override { mdef_CreateData(); }
 
     // A main definition with two children, one empty child item, and a grandchild.
     struct Tree

@@ -9,11 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace kxtest {
 
-void StockTest::SetUp()
+void StockTest::prepare()
 {
-    DatabaseTest::SetUp();
-    if (!ready())
-        return;
     Sys_CreateData();
     stock_CreateModuleTables();
     User.Name = u"Prüfer"_s;

@@ -13,8 +13,7 @@ namespace kxtest {
 class StockTest : public DatabaseTest
 {
 protected:
-    void SetUp() override;
-    bool ready() const { return !IsSkipped() && !HasFailure(); }
+    void prepare() override;
 };
 
 // What a posting sets on the action object before Execute or ExecuteOrder.

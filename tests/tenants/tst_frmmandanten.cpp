@@ -33,11 +33,8 @@ TCTableDef maskTable()
 class FrmMandantenTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         tenants_CreateTables();
         tenants_AddSampleData();
         tenants_SignInSampleUser();

@@ -50,11 +50,8 @@ QString linkFragment(const QString &table, const QStringList &codes)
 class MandantCommonTest : public kxtest::DatabaseTest
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        kxtest::DatabaseTest::SetUp();
-        if (IsSkipped() || HasFailure())
-            return;
         tenants_CreateTables();
         // A: B (with C below it) and D; E alone with F below it. Group G1 sees A-D and F, G2 only C.
         const QStringList codes{ u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s, u"F"_s };
