@@ -166,12 +166,10 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     trace(sql);
     if (!m_driver)
         throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet.\n%1"_s.arg(sql), sql);
-    const kx::SqlDialect &dialect = m_driver->dialect();
-    const QString statement = kx::singleStatement(sql, dialect.lexis());
+    const QString text = textToSend(sql);
     // Every statement is committed when it returns, so an explicit "Commit" has nothing left to do.
-    if (statement.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
+    if (text.compare(u"commit"_s, Qt::CaseInsensitive) == 0)
         return {};
-    const QString text = dialect.nullsSortHigh() ? kx::withNullsLowest(statement, dialect.lexis()) : statement;
     if (m_deferral) {
         if (kx::DeferredWrites::deferrable(text)) {
             m_deferral->m_waiting << text;
@@ -180,6 +178,13 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
         sendWaiting();
     }
     return m_driver->execute(text);
+}
+
+QString TCSqlConnection::textToSend(const QString &sql) const
+{
+    const kx::SqlDialect &d = dialect();
+    const QString statement = kx::singleStatement(sql, d.lexis());
+    return d.nullsSortHigh() ? kx::withNullsLowest(statement, d.lexis()) : statement;
 }
 
 void TCSqlConnection::executeTrigger(const QString &sql)

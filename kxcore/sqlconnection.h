@@ -61,6 +61,9 @@ public:
 
     // Runs one statement; throws kx::DatabaseError (no connection, a refused or failing statement).
     kx::SqlResult execute(const QString &sql);
+    // The text execute() sends for a statement: the one statement without a closing ";", with
+    // the null ordering this product needs so that nulls sort lowest as on the others.
+    QString textToSend(const QString &sql) const;
     // Runs a CREATE TRIGGER, whose body holds statements of its own, so it passes the
     // one-statement check; made by the dialect from a table definition, never from values.
     void executeTrigger(const QString &sql);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "goldentrace.h"
 
+#include "kxerror.h"
 #include "scratchfiles.h"
+#include "sqlconnection.h"
 #include "sqltool.h"
 #include "testdatabase.h"
 
@@ -72,7 +74,15 @@ QStringList withoutClock(QStringList statements)
 
 void expectGoldenTrace(const QString &scenario, const QStringList &statements, const TraceNames &names)
 {
-    const QString actual = traceText(statements, names);
+    QStringList sent; // as the connection sends them to this product
+    for (const QString &sql : statements) {
+        try {
+            sent << compSqlConnection->textToSend(sql);
+        } catch (const kx::Error &) {
+            sent << sql; // a text the connection refuses stands as written
+        }
+    }
+    const QString actual = traceText(sent, names);
     const QString shared = goldenPath(scenario, {});
     const QString own = goldenPath(scenario, u'.' + product());
     if (qEnvironmentVariable("KX_GOLDEN_UPDATE") == u"1"_s) {

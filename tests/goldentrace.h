@@ -12,8 +12,9 @@ namespace kxtest {
 // it in a golden file.
 using TraceNames = QList<std::pair<QString, QString>>;
 
-// Compares the statements of a scenario with its golden file in tests/golden: SCENARIO.PRODUCT.sql
-// where the product's connection changes a text, else SCENARIO.sql. Generated keys (32 hex
+// Compares the statements of a scenario, as compSqlConnection sends them to the product, with its
+// golden file in tests/golden: SCENARIO.PRODUCT.sql where the product's connection changes a text
+// (its catalog, its table creation, its null ordering), else SCENARIO.sql. Generated keys (32 hex
 // digits) become <key1>, <key2>, ... in order of first appearance, so a key used again is seen
 // to be the same. Each statement ends with a line holding only ";".
 // With KX_GOLDEN_UPDATE=1 the trace is written instead (scripts/golden.sh): SQLite writes the

@@ -1,4 +1,4 @@
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 Insert into Fahrzeug_Dokumente (ID,IDPARENT,BEZEICHNUNG,DOKUMENT,LDATE,LTIME,LUSER,MAINDOC) values ('<key1>','FZ-2','Alt','alt.pdf','2020-05-04','<time>','Kassenwart','1')
 ;

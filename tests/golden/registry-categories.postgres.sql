@@ -1,8 +1,8 @@
 Insert Into SYSDef_Kats (Id,ModulNr,ModulName,ModulMainTable,ModulKatsTable,ModulFields) Values ('<key1>',7010,'Fahrzeuge','FAHRZEUG','FAHRZEUG_KATS','KENNZEICHEN,TYP')
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
-select column_name from information_schema.columns where table_schema=current_schema() and table_name='fahrzeug_kats' order by ordinal_position
+select column_name from information_schema.columns where table_schema=current_schema() and table_name='fahrzeug_kats' order by ordinal_position NULLS FIRST
 ;
 select indexname from pg_indexes where schemaname=current_schema() and tablename='fahrzeug_kats'
 ;

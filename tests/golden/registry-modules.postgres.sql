@@ -1,6 +1,6 @@
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
-select column_name from information_schema.columns where table_schema=current_schema() and table_name='sysdef_module' order by ordinal_position
+select column_name from information_schema.columns where table_schema=current_schema() and table_name='sysdef_module' order by ordinal_position NULLS FIRST
 ;
 select indexname from pg_indexes where schemaname=current_schema() and tablename='sysdef_module'
 ;

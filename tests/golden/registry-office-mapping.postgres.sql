@@ -10,5 +10,5 @@ Select max(FIELDNO) from OfficeTableMapping where Tablename='AAA_ERSTE'
 ;
 insert into  OfficeTableMapping (ID, TABLENAME, FIELDNAME,TABLENO,FIELDNO,OFFICENAME) values('<key2>', 'AAA_ERSTE', 'NAME', 1, 2, 'T1_F2')
 ;
-select column_name from information_schema.columns where table_schema=current_schema() and table_name='binarydata' order by ordinal_position
+select column_name from information_schema.columns where table_schema=current_schema() and table_name='binarydata' order by ordinal_position NULLS FIRST
 ;

@@ -1,4 +1,4 @@
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_Dialog (ID Varchar(43), DIALOG VarChar(50), CONTROL VarChar(50), CONTROLHINT VarChar(2000), CAPTION VarChar(50), FLAGVISIBLE Numeric(10,0), FLAGENABLED Numeric(10,0), FLAGUNIQUE Numeric(10,0), FLAGNOTNULL Numeric(10,0), FLAGLOOKUP Numeric(10,0), DEFAULTVALUE VarChar(50), BFLAGVISIBLE Numeric(10,0), BFLAGENABLED Numeric(10,0), BFLAGUNIQUE Numeric(10,0), BFLAGNOTNULL Numeric(10,0), BFLAGLOOKUP Numeric(10,0), BCAPTION VarChar(50), MANDANTID Varchar(40), UID Varchar(33), SID Varchar(33), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -24,7 +24,7 @@ CREATE INDEX IX_SYSDEF_DIALOG_LUSER ON SysDef_Dialog (LUSER)
 ;
 CREATE UNIQUE INDEX SYSDEF_DIALOGINDEX ON SysDef_Dialog (Dialog,Control)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_Replicate2 (ID Varchar(33), CHUNKNO Numeric(10,0), CHUNKCOUNT Numeric(10,0), CHUNKID Varchar(33), DATASQL VarChar(2000), WORKER Varchar(33), MANDANTID Varchar(40), UID Varchar(33), SID Varchar(33), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -42,7 +42,7 @@ CREATE INDEX IX_SYSDEF_REPLICATE2_LTIME ON SysDef_Replicate2 (LTIME)
 ;
 CREATE INDEX IX_SYSDEF_REPLICATE2_LUSER ON SysDef_Replicate2 (LUSER)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_ReplicateLog2 (ID Varchar(33), EVENTDATE Date, EVENTTIME VarChar(10), EVENT VarChar(200), MANDANTID Varchar(40), UID Varchar(33), SID Varchar(33), LDATE Date, LTIME Varchar(10), LUSER VarChar(50), EVENTSTATUS Numeric(10,0), EVENTMESSAGE VarChar(2000), EVENTGROUP Varchar(33))
 ;
@@ -64,7 +64,7 @@ CREATE INDEX IX_SYSDEF_REPLICATELOG2_EVENTSTATUS ON SysDef_ReplicateLog2 (EVENTS
 ;
 CREATE INDEX IX_SYSDEF_REPLICATELOG2_EVENTGROUP ON SysDef_ReplicateLog2 (EVENTGROUP)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_Replicate (ID Varchar(33), RDATE Numeric(10,0), RTIME Numeric(10,0), RTABLE VarChar(30), RPARENTTABLE VarChar(30), RMODE Numeric(10,0), RUID VarChar(33), RPARENTUID VarChar(33), RSTATE Numeric(10,0), MANDANTID Varchar(40), UID Varchar(33), SID Varchar(33), CLIENTID Varchar(33), SERVERID Varchar(33), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -92,7 +92,7 @@ CREATE INDEX IX_SYSDEF_REPLICATE_LTIME ON SysDef_Replicate (LTIME)
 ;
 CREATE INDEX IX_SYSDEF_REPLICATE_LUSER ON SysDef_Replicate (LUSER)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_System (ID Varchar(43), SYSCONST VarChar(50), SYSVALUE VarChar(50), UID Varchar(33), MANDANTID Varchar(40), SID VarChar(50), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -116,7 +116,7 @@ CREATE INDEX IX_SYSDEF_SYSTEM_LTIME ON SysDef_System (LTIME)
 ;
 CREATE INDEX IX_SYSDEF_SYSTEM_LUSER ON SysDef_System (LUSER)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_GlobalReplicate (ID Varchar(43), RDATE Numeric(10,0), RTIME Numeric(10,0), RTABLE VarChar(30), RPARENTTABLE VarChar(30), RMODE Numeric(10,0), RUID VarChar(33), RPARENTUID VarChar(33), RSTATE Numeric(10,0), RSID VarChar(33), UID Varchar(33), SID Varchar(33), MANDANTID Varchar(40), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -146,7 +146,7 @@ CREATE INDEX IX_SYSDEF_GLOBALREPLICATE_LTIME ON SysDef_GlobalReplicate (LTIME)
 ;
 CREATE INDEX IX_SYSDEF_GLOBALREPLICATE_LUSER ON SysDef_GlobalReplicate (LUSER)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE SysDef_DataLink (ID Varchar(33), TABLENAME VarChar(50), FIELDNAME VarChar(50), LINKTABLENAME VarChar(50), LINKFIELDNAME VarChar(50), UID Varchar(33), SID Varchar(33), MANDANTID Varchar(40), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -170,7 +170,7 @@ CREATE INDEX IX_SYSDEF_DATALINK_LUSER ON SysDef_DataLink (LUSER)
 ;
 Delete from SysDef_DataLink
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE USBRel64Data (ID Varchar(43), RVALUE Numeric(10,0), MANDANTID Varchar(40), UID Varchar(33), SID Varchar(33), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -190,7 +190,7 @@ CREATE INDEX IX_USBREL64DATA_LTIME ON USBRel64Data (LTIME)
 ;
 CREATE INDEX IX_USBREL64DATA_LUSER ON USBRel64Data (LUSER)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE USBRel64Settings (ID Varchar(43), RTYPE Numeric(10,0), RVALUE1 Numeric(10,0), RVALUE2 Numeric(10,0), CONTROLDATA VarChar(2000), MANDANTID Varchar(40), UID Varchar(33), SID Varchar(33), LDATE Date, LTIME Varchar(10), LUSER VarChar(50))
 ;
@@ -218,7 +218,7 @@ Insert into USBRel64Data (id,rvalue) values ('Last1',0)
 ;
 Insert into USBRel64Data (id,rvalue) values ('Last2',0)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE LagerLog (ID Varchar(43), DATUM Date, UHRZEIT VarChar(10), BENUTZER VarChar(80), TABELLE VarChar(80), ART VarChar(80), ANZAHL Numeric(15,2), OLDCOUNTBESTAND Numeric(15,2), COUNTBESTAND Numeric(15,2), IDARTIKEL Varchar(33), PREIS Numeric(15,2), MODULNR VarChar(10), LLMODE Numeric(10,0), SOURCEMODE Numeric(10,0), KOSTENSTELLEIN VarChar(50), KOSTENSTELLEOUT VarChar(50), TSTAMP VarChar(20), MANDANTID Varchar(40), LDATE Date, LTIME Varchar(10), LUSER VarChar(50), UID Varchar(33), SID Varchar(33), LINKID Varchar(33), INCOUNTAVAIL Numeric(15,2), OUT_IDIN Varchar(33), IDBELEGNUMMER Numeric(10,0), IDBESTELLUNG Varchar(33), IDWARENEINGANG Varchar(33), IDEINGANGSRECHNUNG Varchar(33), IDAUSGABE Varchar(33), OUT_IDBELEGNUMMERIN Numeric(10,0))
 ;
@@ -234,7 +234,7 @@ CREATE INDEX IX_LAGERLOG_SID ON LagerLog (SID)
 ;
 CREATE INDEX LAGERLOGARTIKELIDX ON LagerLog (IDARTIKEL,INCOUNTAVAIL)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE LagerLogMonth (ID Varchar(43), IDARTIKEL Varchar(33), MONAT Numeric(10,0), JAHR Numeric(10,0), ANFANGSBESTAND Numeric(15,2), ENDBESTAND Numeric(15,2), ANFANGSDATE Date, ENDDATE Date, MANDANTID Varchar(40), LDATE Date, LTIME Varchar(10), LUSER VarChar(50), UID Varchar(33), SID Varchar(33))
 ;
@@ -250,7 +250,7 @@ CREATE INDEX IX_LAGERLOGMONTH_SID ON LagerLogMonth (SID)
 ;
 CREATE INDEX LAGERLOGMONTHARTIKELIDX ON LagerLogMonth (IDARTIKEL,JAHR,MONAT)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE OfficeTableMapping (ID Varchar(43), TABLENAME VarChar(40), FIELDNAME VarChar(40), OFFICENAME VarChar(20), TABLENO Numeric(10,0), FIELDNO Numeric(10,0), MANDANTID Varchar(40), LDATE Date, LTIME Varchar(10), LUSER VarChar(50), UID Varchar(33), SID Varchar(33))
 ;
@@ -270,7 +270,7 @@ CREATE INDEX IX_OFFICETABLEMAPPING_SID ON OfficeTableMapping (SID)
 ;
 CREATE UNIQUE INDEX OFFICETABLEMAPPINGMAINIDX ON OfficeTableMapping (Tablename,Fieldname)
 ;
-select tablename from pg_tables where schemaname=current_schema() order by tablename
+select tablename from pg_tables where schemaname=current_schema() order by tablename NULLS FIRST
 ;
 CREATE TABLE BinaryData (ID Varchar(33), IDPARENT Varchar(33), TABLEPARENT VarChar(30), DATAFILTER VarChar(50), DATAFILENAME VarChar(200), DATAMD5 Varchar(33), DATA BYTEA, MANDANTID Varchar(40), LDATE Date, LTIME Varchar(10), LUSER VarChar(50), UID Varchar(33), SID Varchar(33))
 ;
