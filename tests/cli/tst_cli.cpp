@@ -199,9 +199,10 @@ TEST_F(CliTest, Contract)
                 field.replace(u'{' + v.key() + u'}', v.value());
         SCOPED_TRACE("contract.txt:" + std::to_string(number) + ": " + line.toStdString());
         const QString verb = fields[0].section(u' ', 0, 0), what = fields[0].section(u' ', 1);
-        const QString text = QString::fromUtf8(unescaped(fields.value(1)));
+        const QByteArray bytes = unescaped(fields.value(1));
+        const QString text = QString::fromUtf8(bytes);
         if (verb == u"write"_s) {
-            kxtest::writeFile(scratch.filePath(what), unescaped(fields.value(1)));
+            kxtest::writeFile(scratch.filePath(what), bytes);
         } else if (verb == u"random"_s) {
             QByteArray bytes(fields.value(1).toInt(), Qt::Uninitialized);
             for (char &b : bytes)
