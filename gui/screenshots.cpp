@@ -229,10 +229,8 @@ bool fileDialog(const QString &folder)
     QTimer::singleShot(0, [&] {
         QFileDialog *dialog = open.dialog();
         settle(dialog);
-        QElapsedTimer clock;
-        clock.start();
-        while (clock.elapsed() < 1000) // the folder is read in the background
-            QApplication::processEvents(QEventLoop::AllEvents, 50);
+        waitForEntries(dialog->findChild<QAbstractItemView *>(u"listView"_s));
+        settle(dialog);
         written = save(framed(dialog), folder, u"TCFileDialog"_s);
         dialog->reject();
     });
