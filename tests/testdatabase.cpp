@@ -2,7 +2,6 @@
 #include "testdatabase.h"
 
 #include "globals.h"
-
 #include "sqldialect.h"
 #include "sqlquery.h"
 
@@ -54,7 +53,12 @@ void DatabaseTest::SetUp()
 void DatabaseTest::TearDown()
 {
     compSqlConnection->Close();
+    // The shared settings a test may have changed, back to a fresh program's.
     cWorkPath.clear();
+    cSearchPathList.clear();
+    cDatabaseIni.clear();
+    cEnableBinarySave = false;
+    User = TCUser{};
 }
 
 kx::SqlResult exec(const QString &sql)

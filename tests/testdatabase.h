@@ -19,7 +19,7 @@ QString product();
 QString connectionString(QTemporaryDir &scratch);
 
 // Opens compSqlConnection on an empty database of the chosen product, then calls prepare() for
-// the fixture's own tables and rows. A product whose server is not there is a named skip locally
+// the fixture's own tables and rows; afterwards closes it and resets the shared settings. A product whose server is not there is a named skip locally
 // and a failure in CI; neither prepare() nor the test body runs then.
 class DatabaseTest : public ::testing::Test
 {
@@ -36,6 +36,16 @@ protected:
 kx::SqlResult exec(const QString &sql);
 // The rows of a query, each as its values' texts joined by "|".
 QStringList rows(const QString &sql);
+// The message of the E that Call raises; empty when it raises none.
+template<class E = kx::Error, class Call> QString raised(Call &&call)
+{
+    try {
+        call();
+    } catch (const E &e) {
+        return e.message();
+    }
+    return {};
+}
 
 } // namespace kxtest
 

@@ -23,8 +23,7 @@ protected:
     void prepare() override
     {
         dispatch_CreateTables();
-        const struct
-        {
+        const struct {
             const char *plz, *ort, *strasse, *hausnummer;
         } rows[] = {
             { "64287", "Darmstadt", "Hauptstraße", "1" }, { "64287", "Darmstadt", "Hauptstraße", "3" },
@@ -76,8 +75,7 @@ TEST_F(FrmPlzOrtStrasseTest, LoadedShowsTheHouseNumberAndSwitchesToHandlerLists)
 
 TEST_F(FrmPlzOrtStrasseTest, GoldenEnteringAFieldFillsItsPickList)
 {
-    const struct
-    {
+    const struct {
         const char *name;
         TCEdit *TfrmPlzOrtStrasse::*edit;
         QStringList fields; // Plz, Ort, Strasse, Hausnummer
@@ -114,8 +112,7 @@ TEST_F(FrmPlzOrtStrasseTest, GoldenChangingAFieldClearsTheFieldsThatNoLongerFit)
 {
     const QStringList darmstadt{ u"64287"_s, u"Darmstadt"_s, u"Hauptstraße"_s, u"3"_s };
     enum Action { ChoosePlz, ChooseOrt, EmptyPlz, EmptyOrt };
-    const struct
-    {
+    const struct {
         const char *name;
         QStringList before;
         Action action;

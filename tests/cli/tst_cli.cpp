@@ -33,11 +33,11 @@ protected:
             args = QStringList{ u"--db"_s, m_connectionString } + args;
         return invoke(args, QProcessEnvironment::systemEnvironment());
     }
-    CliRun invoke(const QStringList &args, const QProcessEnvironment &environment)
+    CliRun invoke(const QStringList &args, const QProcessEnvironment &environment, const QString &folder = {})
     {
         QProcess process;
         process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(m_scratch.path()); // documents are made in the working folder
+        process.setWorkingDirectory(folder.isEmpty() ? m_scratch.path() : folder); // documents are made there
         process.start(QString::fromUtf8(KX_CLI_PROGRAM), args);
         process.waitForFinished(60000);
         return { process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
@@ -45,7 +45,7 @@ protected:
     }
 };
 
-// Whether Value has Shape (see tests/cli/json-shapes.json); the first difference in Where.
+// Whether Value has Shape (see tests/cli/json.txt); the first difference in Where.
 bool hasShape(const QJsonValue &value, const QJsonValue &shape, const QString &path, QString &where)
 {
     if (shape.isString()) {
@@ -81,56 +81,11 @@ bool hasShape(const QJsonValue &value, const QJsonValue &shape, const QString &p
     return true;
 }
 
-QJsonValue at(QJsonValue value, const QString &path)
+// A JSON text's value; an empty object for what is no JSON.
+QJsonValue json(const QByteArray &text)
 {
-    for (const QString &part : path.split(u'/')) {
-        bool index = false;
-        const int i = part.toInt(&index);
-        value = index ? value.toArray()[i] : value.toObject()[part];
-    }
-    return value;
-}
-
-// Every command's JSON output has the shape the repository keeps for it (tests/cli/json-shapes.json).
-TEST_F(CliTest, EveryCommandsJsonHasItsShape)
-{
-    QFile shapesFile(QStringLiteral(KX_CLI_SHAPES));
-    ASSERT_TRUE(shapesFile.open(QIODevice::ReadOnly));
-    const QJsonArray steps = QJsonDocument::fromJson(shapesFile.readAll()).object()[u"steps"_s].toArray();
-    ASSERT_GT(steps.size(), 40);
-    const QDir scratch(m_scratch.path());
-    kxtest::writeFile(scratch.filePath(u"orte.csv"_s), "64285;Musterstadt;Altstadt;Am Markt\r\n");
-    kxtest::writeFile(scratch.filePath(u"orte.iDef"_s), "PLZ.ORTE=1\r\nORT.ORTE=2\r\nORTSTEIL.ORTE=3\r\nSTRASSE.ORTE=4\r\n");
-    scratch.mkpath(u"symbole/Fahrzeuge"_s);
-    kxtest::writeFile(scratch.filePath(u"symbole/Fahrzeuge/LF.svg"_s),
-                      "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"8\" height=\"8\"><rect width=\"8\" height=\"8\"/></svg>");
-    kxtest::writeFile(scratch.filePath(u"bericht.txt"_s), "Einsatzbericht\r\n");
-    scratch.mkpath(u"ablage"_s);
-    QHash<QString, QString> captured{ { u"SCRATCH"_s, m_scratch.path() } };
-    for (const QJsonValue &step : steps) {
-        QStringList args{ u"--json"_s };
-        for (const QJsonValue &arg : step[u"run"_s].toArray()) {
-            QString text = arg.toString();
-            for (auto c = captured.begin(); c != captured.end(); ++c)
-                text.replace(u'{' + c.key() + u'}', c.value());
-            args << text;
-        }
-        SCOPED_TRACE(args.join(u' ').toStdString());
-        const CliRun run = invoke(args);
-        ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-        QJsonParseError error{};
-        const QJsonDocument output = QJsonDocument::fromJson(run.out.toUtf8(), &error);
-        ASSERT_EQ(error.error, QJsonParseError::NoError) << run.out.toStdString();
-        const QJsonValue value = output.isArray() ? QJsonValue(output.array()) : QJsonValue(output.object());
-        QString where;
-        EXPECT_TRUE(hasShape(value, step[u"shape"_s], QString(), where)) << where.toStdString() << "\n" << run.out.toStdString();
-        const QJsonObject equals = step[u"equals"_s].toObject();
-        for (auto e = equals.begin(); e != equals.end(); ++e)
-            EXPECT_EQ(value[e.key()], e.value()) << e.key().toStdString();
-        const QJsonObject capture = step[u"capture"_s].toObject();
-        for (auto c = capture.begin(); c != capture.end(); ++c)
-            captured.insert(c.key(), at(value, c.value().toString()).toString());
-    }
+    const QJsonDocument document = QJsonDocument::fromJson(text);
+    return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
 }
 
 // Bytes of a contract text: \r, \n, \t and \\ as in C, \xNN as that byte (files in other encodings).
@@ -177,61 +132,69 @@ QStringList arguments(const QString &text)
     return args;
 }
 
-// The command line's contract as its users meet it, from tests/cli/contract.txt: each run's exit
-// code and a text of its output (of standard error alone for a failure, whose standard output must
-// stay empty), in order, on each product. The file's head explains its lines.
+// The command line's contract as its users meet it, from tests/cli/contract.txt and json.txt: each
+// run's exit code and a text of its output (of standard error alone for a failure, whose standard
+// output must stay empty), in order, on each product. The files' heads explain their lines.
 TEST_F(CliTest, Contract)
 {
-    QFile contract(QStringLiteral(KX_CLI_CONTRACT));
-    ASSERT_TRUE(contract.open(QIODevice::ReadOnly | QIODevice::Text));
-    const QDir scratch(m_scratch.path());
-    QHash<QString, QString> values{ { u"SCRATCH"_s, m_scratch.path() }, { u"DB"_s, m_connectionString } };
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    CliRun last{};
-    int number = 0;
-    for (const QString &line : QString::fromUtf8(contract.readAll()).split(u'\n')) {
-        ++number;
-        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
-            continue;
-        QStringList fields = (line.endsWith(u" ¦"_s) ? line + u' ' : line).split(u" ¦ "_s);
-        for (QString &field : fields)
-            for (auto v = values.begin(); v != values.end(); ++v)
-                field.replace(u'{' + v.key() + u'}', v.value());
-        SCOPED_TRACE("contract.txt:" + std::to_string(number) + ": " + line.toStdString());
-        const QString verb = fields[0].section(u' ', 0, 0), what = fields[0].section(u' ', 1);
-        const QByteArray bytes = unescaped(fields.value(1));
-        const QString text = QString::fromUtf8(bytes);
-        if (verb == u"write"_s) {
-            kxtest::writeFile(scratch.filePath(what), bytes);
-        } else if (verb == u"random"_s) {
-            QByteArray bytes(fields.value(1).toInt(), Qt::Uninitialized);
-            for (char &b : bytes)
-                b = char(QRandomGenerator::global()->bounded(256));
-            kxtest::writeFile(scratch.filePath(what), bytes);
-        } else if (verb == u"head"_s) {
-            kxtest::writeFile(scratch.filePath(what), kxtest::readFile(scratch.filePath(text)).left(fields.value(2).toInt()));
-        } else if (verb == u"mkdir"_s) {
-            scratch.mkpath(what);
-        } else if (verb == u"env"_s) {
-            environment.insert(what, text);
-        } else if (verb == u"absent"_s) {
-            EXPECT_FALSE(QFile::exists(scratch.filePath(what)));
-        } else if (verb == u"same"_s) {
-            EXPECT_EQ(kxtest::readFile(scratch.filePath(what)), kxtest::readFile(scratch.filePath(text)));
-        } else if (verb == u"capture"_s) {
-            values.insert(what, QRegularExpression(fields.value(1)).match(last.out).captured(1));
-        } else if (verb == u"once"_s) {
-            EXPECT_EQ(last.out.count(text), 1) << last.out.toStdString();
-        } else {
-            bool isCode = false;
-            const int expected = verb.toInt(&isCode);
-            ASSERT_TRUE(isCode) << "unknown line";
-            last = invoke(arguments(fields.value(2)), environment);
-            EXPECT_EQ(last.exitCode, expected) << last.err.toStdString();
-            const QString where = expected ? last.err : last.out + last.err;
-            EXPECT_TRUE(text.startsWith(u'=') ? last.out == text.mid(1) : where.contains(text))
-                << last.out.toStdString() << last.err.toStdString();
-            EXPECT_TRUE(!expected || last.out.isEmpty()) << "a failure's output: " << last.out.toStdString();
+    for (const QString name : { u"contract.txt"_s, u"json.txt"_s }) {
+        const QByteArray contract = kxtest::readFile(QStringLiteral(KX_CLI_CONTRACTS) + u'/' + name);
+        ASSERT_FALSE(contract.isEmpty()) << name.toStdString();
+        kxtest::emptyDatabase(*compSqlConnection);
+        const QDir scratch(m_scratch.filePath(name));
+        scratch.mkpath(u"."_s);
+        QHash<QString, QString> values{ { u"SCRATCH"_s, scratch.path() }, { u"DB"_s, m_connectionString } };
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        CliRun last{};
+        int number = 0;
+        for (const QString &line : QString::fromUtf8(contract).split(u'\n')) {
+            ++number;
+            if (line.trimmed().isEmpty() || line.startsWith(u'#'))
+                continue;
+            QStringList fields = (line.endsWith(u" ¦"_s) ? line + u' ' : line).split(u" ¦ "_s);
+            for (QString &field : fields)
+                for (auto v = values.begin(); v != values.end(); ++v)
+                    field.replace(u'{' + v.key() + u'}', v.value());
+            SCOPED_TRACE(name.toStdString() + ":" + std::to_string(number) + ": " + line.toStdString());
+            const QString verb = fields[0].section(u' ', 0, 0), what = fields[0].section(u' ', 1);
+            const QByteArray bytes = unescaped(fields.value(1));
+            const QString text = QString::fromUtf8(bytes);
+            if (verb == u"write"_s) {
+                kxtest::writeFile(scratch.filePath(what), bytes);
+            } else if (verb == u"random"_s) {
+                QByteArray bytes(fields.value(1).toInt(), Qt::Uninitialized);
+                for (char &b : bytes)
+                    b = char(QRandomGenerator::global()->bounded(256));
+                kxtest::writeFile(scratch.filePath(what), bytes);
+            } else if (verb == u"head"_s) {
+                kxtest::writeFile(scratch.filePath(what), kxtest::readFile(scratch.filePath(text)).left(fields.value(2).toInt()));
+            } else if (verb == u"mkdir"_s) {
+                scratch.mkpath(what);
+            } else if (verb == u"env"_s) {
+                environment.insert(what, text);
+            } else if (verb == u"absent"_s) {
+                EXPECT_FALSE(QFile::exists(scratch.filePath(what)));
+            } else if (verb == u"same"_s) {
+                EXPECT_EQ(kxtest::readFile(scratch.filePath(what)), kxtest::readFile(scratch.filePath(text)));
+            } else if (verb == u"capture"_s) {
+                values.insert(what, QRegularExpression(fields.value(1)).match(last.out).captured(1));
+            } else if (verb == u"once"_s) {
+                EXPECT_EQ(last.out.count(text), 1) << last.out.toStdString();
+            } else if (verb == u"shape"_s) {
+                QString where;
+                EXPECT_TRUE(hasShape(json(last.out.toUtf8()), json(bytes), QString(), where))
+                    << where.toStdString() << "\n" << last.out.toStdString();
+            } else {
+                bool isCode = false;
+                const int expected = verb.toInt(&isCode);
+                ASSERT_TRUE(isCode) << "unknown line";
+                last = invoke(arguments(fields.value(2)), environment, scratch.path());
+                EXPECT_EQ(last.exitCode, expected) << last.err.toStdString();
+                const QString where = expected ? last.err : last.out + last.err;
+                EXPECT_TRUE(text.startsWith(u'=') ? last.out == text.mid(1) : where.contains(text))
+                    << last.out.toStdString() << last.err.toStdString();
+                EXPECT_TRUE(!expected || last.out.isEmpty()) << "a failure's output: " << last.out.toStdString();
+            }
         }
     }
 }

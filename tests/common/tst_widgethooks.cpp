@@ -41,8 +41,7 @@ void answerWhenShown(Answer &answer)
 TEST(WidgetHooks, MsgDlgShowsAMessageBoxAndReturnsTheAnswer)
 {
     installWidgetHooks();
-    const struct
-    {
+    const struct {
         TMsgDlgType type;
         unsigned buttons;
         QMessageBox::StandardButton press;

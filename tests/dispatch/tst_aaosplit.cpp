@@ -37,8 +37,7 @@ TEST(AaoSplitStrasse, PartsComeBackAsWritten)
 // Where the rules say otherwise.
 TEST(AaoSplitStrasse, Examples)
 {
-    const struct
-    {
+    const struct {
         QString text, strasse, nummer, zusatzNummer, zusatz;
     } cases[] = {
         { u"Hauptstr.12"_s, u"Hauptstr"_s, u"12"_s, u"."_s, {} },
@@ -86,8 +85,7 @@ TEST(AaoSplitObjektName, PartsComeBackTrimmed)
 // Where the rules say otherwise.
 TEST(AaoSplitObjektName, Examples)
 {
-    const struct
-    {
+    const struct {
         QString text, prefix, name;
     } cases[] = {
         { u"A - B - C"_s, u"A"_s, u"B - C"_s },
@@ -127,8 +125,7 @@ TEST(AaoSplit, LongAndOddTextsNeverBreak)
 
 TEST(SqlGetSelectFieldValue, GermanAddresses)
 {
-    const struct
-    {
+    const struct {
         QString text, expected;
     } cases[] = {
         { u"Hauptstraße"_s, u"HAUPTSTR"_s },
@@ -144,6 +141,7 @@ TEST(SqlGetSelectFieldValue, GermanAddresses)
         { u"Große Bleiche"_s, u"GROSSEBLEICHE"_s },
         { u"Auf'm Hügel"_s, u"AUFMHUEGEL"_s },
         { u"Öhringer Weg"_s, u"OEHRINGERWEG"_s },
+        { u"Übersee"_s, u"UEBERSEE"_s },
         { u"Bad Homburg v. d. Höhe"_s, u"BADHOMBURGVDHOEHE"_s },
         { u"64285"_s, u"64285"_s },
         { QString(), QString() },

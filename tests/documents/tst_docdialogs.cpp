@@ -13,7 +13,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
@@ -37,11 +36,6 @@ protected:
             kxtest::writeFile(docs + u'/' + file);
         }
         cSearchPathList = { docs, QString(), docs.toUpper(), m_scratch.path() };
-    }
-    void TearDown() override
-    {
-        cSearchPathList.clear();
-        kxtest::DatabaseTest::TearDown();
     }
     static void onlySearchPath(bool only)
     {
@@ -141,12 +135,10 @@ TEST_F(DocDialogsTest, SavingThroughTheBrowserNeedsAName)
 TEST_F(DocDialogsTest, StandardDialogsWithSeveralFiles)
 {
     onlySearchPath(false);
-    const struct
-    {
+    const struct {
         const char *name;
         bool multi;
-        QString typed;
-        QString path;
+        QString typed, path;
     } cases[] = {
         { "several files, a line each", true, u"\"Bericht.pdf\" \"Scan.png\""_s,
           docs + u"/Bericht.pdf\r\n"_s + docs + u"/Scan.png\r\n"_s },

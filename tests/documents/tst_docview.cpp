@@ -10,9 +10,7 @@
 #include "goldentrace.h"
 #include "testdatabase.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QTest>
 #include <QTimer>
@@ -43,7 +41,6 @@ protected:
     void TearDown() override
     {
         setDocumentLauncher(nullptr);
-        cSearchPathList.clear();
         kxtest::DatabaseTest::TearDown();
     }
     static QStringList rows(const QTreeWidget *list)
@@ -58,8 +55,7 @@ protected:
 
 TEST_F(DocViewTest, GoldenListsTheDocumentsOfARecordAndOfMaterial)
 {
-    const struct
-    {
+    const struct {
         const char *name;
         QString parent;
         QStringList rows;

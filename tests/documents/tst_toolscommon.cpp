@@ -84,20 +84,9 @@ protected:
     {
         setDocumentLauncher(nullptr);
         wordApplicationFactory() = [] { return std::make_unique<TOoxmlWordApplication>(); };
-        cSearchPathList.clear();
         kxtest::DatabaseTest::TearDown();
     }
     void launch(int code) { setDocumentLauncher(std::make_unique<RecordingLauncher>(calls, code)); }
-    // The error text raised, or empty.
-    static QString raised(const std::function<void()> &call)
-    {
-        try {
-            call();
-        } catch (const kx::Error &e) {
-            return e.message();
-        }
-        return QString();
-    }
 
     QString docs;
     QStringList calls;
@@ -109,8 +98,7 @@ TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
     kxtest::writeFile(docs + u"/O'Brien \"alt\".pdf"_s);
     kxtest::writeFile(docs + u"/Lage.LDMV.bak"_s);
     const QString notFound = u"Datei wurde nicht gefunden."_s;
-    const struct
-    {
+    const struct {
         const char *name;
         QString file;
         int code; // what the launcher answers
@@ -133,9 +121,9 @@ TEST_F(ToolsCommonTest, LaunchDecisionsAndTheirErrors)
         SCOPED_TRACE(c.name);
         launch(c.code);
         calls.clear();
-        EXPECT_EQ(raised([&] { ShellExecuteAndSearchDokument(c.file, false); }), QString());
+        EXPECT_EQ(kxtest::raised([&] { ShellExecuteAndSearchDokument(c.file, false); }), QString());
         EXPECT_EQ(calls, c.calls);
-        EXPECT_EQ(raised([&] { ShellExecuteAndSearchDokument(c.file, true); }), c.error);
+        EXPECT_EQ(kxtest::raised([&] { ShellExecuteAndSearchDokument(c.file, true); }), c.error);
     }
 
     EXPECT_EQ(ShellExecuteErrorText(99), u"Unbekannter Fehler (Fehlercode: 99)"_s);
@@ -167,8 +155,7 @@ TEST_F(ToolsCommonTest, GoldenMergeDrivesTheWordProcessorPerRecord)
     for (const char *name : { "Brief.DOTX", "Brief.docm", "Brief.dot", "Protokoll.pdf" })
         kxtest::writeFile(docs + u'/' + QString::fromLatin1(name));
 
-    const struct
-    {
+    const struct {
         const char *name;
         QString file, sql;
         QStringList calls;
@@ -213,8 +200,7 @@ TEST_F(ToolsCommonTest, GoldenMergeDrivesTheWordProcessorPerRecord)
         ASSERT_TRUE(entry.open(QIODevice::WriteOnly, QuaZipNewInfo(u"[Content_Types].xml"_s)));
         entry.write("<Types/>");
     }
-    const struct
-    {
+    const struct {
         QString file, logged;
     } refused[] = {
         { u"Brief.dot"_s, u"eine binäre Word-Datei, die hier nicht gefüllt werden kann"_s },
@@ -255,8 +241,7 @@ TEST_F(ToolsCommonTest, FormFieldsInEveryArrangementOfRuns)
     const QByteArray separate = R"(<w:fldChar w:fldCharType="separate"/>)", end = R"(<w:fldChar w:fldCharType="end"/>)";
     const QByteArray bold = "<w:rPr><w:b/></w:rPr>";
     const auto run = [](const QByteArray &content) -> QByteArray { return "<w:r>" + content + "</w:r>"; };
-    const struct
-    {
+    const struct {
         const char *name;
         QByteArray field;
     } cases[] = {
@@ -297,8 +282,7 @@ TEST(OoxmlFormFields, FilledPartsStayWellFormed)
 {
     const QByteArray ns = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
     const QByteArray field = QByteArray(standardFormField).replace("%1", "Name1");
-    const struct
-    {
+    const struct {
         const char *name;
         QByteArray part;
     } cases[] = {

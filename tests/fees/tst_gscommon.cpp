@@ -40,13 +40,11 @@ protected:
 
 TEST_F(GSCommonTest, LegsOfAnOperation)
 {
-    const struct
-    {
+    const struct {
         const char *name;
         QString schedule, event;
         int days, hours, minutes;
-        double quantity;
-        double a, b, c;
+        double quantity, a, b, c;
     } cases[] = {
         // 1 h 20 min rounds to 90 minutes; the rate of 60 an hour gives 90.
         { "rounded up to the half hour", u"S"_s, u"brand"_s, 0, 1, 20, 0, 11 + 3 + 90 + 1.5, 45, 18 },
@@ -140,8 +138,7 @@ TEST_F(GSCommonTest, SumsInTheScheduleOrder)
 TEST_F(GSCommonTest, BilledMinutesOverflowIsAnError)
 {
     // VORGABE bills 6 an hour: the largest durations that fit are billed to the cent.
-    const struct
-    {
+    const struct {
         int days, hours, minutes;
         double billed; // negative: the minutes overflow
     } cases[] = {

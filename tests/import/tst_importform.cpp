@@ -8,7 +8,6 @@
 #include "tcfiledialog.h"
 #include "testdatabase.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QFile>
 #include <QLineEdit>

@@ -92,8 +92,7 @@ TEST(SqlConvertFloat, ReadsTheLocalesNumberFormat)
 
 TEST(FormatAmount, RoundsHalfACentAwayFromZeroAsTheDecimalReads)
 {
-    const struct
-    {
+    const struct {
         double value;
         const char16_t *text;
     } cases[] = { { 136.975, u"136,98" }, { 2.675, u"2,68" },   { 1.005, u"1,01" },   { 0.125, u"0,13" },
@@ -107,8 +106,7 @@ TEST(SqlConvertDate, ReadsTheShortDateFormatAndIso)
 {
     const struct {
         TCFormatSettings settings;
-        QString text;
-        QString expected;
+        QString text, expected;
     } cases[] = {
         { TCFormatSettings::german(), u"22.11.26"_s, u"2026-11-22"_s },
         { TCFormatSettings::german(), u"22.11.75"_s, u"1975-11-22"_s },
@@ -172,8 +170,7 @@ TEST(SqlConvertString, DoublesQuotesOnly)
 TEST(SqlConvertFormatStringToSQL, BuildsAConditionOrNothing)
 {
     const struct {
-        QString value;
-        QString expected;
+        QString value, expected;
     } cases[] = {
         { u""_s, u""_s },
         { u"Köln"_s, u"ORT='Köln'"_s },
@@ -183,25 +180,6 @@ TEST(SqlConvertFormatStringToSQL, BuildsAConditionOrNothing)
     };
     for (const auto &c : cases)
         EXPECT_EQ(sqlConvertFormatStringToSQL(QString(), u"ORT"_s, u"Varchar"_s, c.value, false), c.expected);
-}
-
-TEST(SqlGetSelectFieldValue, FoldsStreetNames)
-{
-    const struct {
-        QString text;
-        QString expected;
-    } cases[] = {
-        { u"Hauptstraße"_s, u"HAUPTSTR"_s },
-        { u"Hauptstr."_s, u"HAUPTSTR"_s },
-        { u"Haupt-Str."_s, u"HAUPTSTR"_s },
-        { u"Straße des 17. Juni"_s, u"STRDES17JUNI"_s },
-        { u"Nieder-Ramstädter Str."_s, u"NIEDERRAMSTAEDTERSTR"_s },
-        { u"Öhringen"_s, u"OEHRINGEN"_s },
-        { u"Übersee"_s, u"UEBERSEE"_s },
-        { u""_s, u""_s },
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(SqlGetSelectFieldValue(c.text), c.expected) << c.text.toStdString();
 }
 
 TEST(SqlBuild, InsertAndUpdateTexts)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "inifile.h"
 #include "kxerror.h"
+#include "scratchfiles.h"
 #include "testdatabase.h"
 
-#include <QFile>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -14,18 +14,12 @@ namespace {
 
 QString writeIni(const QTemporaryDir &dir, const QByteArray &content)
 {
-    const QString path = dir.filePath(u"kxdb.ini"_s);
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    return path;
+    return kxtest::writeFile(dir.filePath(u"kxdb.ini"_s), content);
 }
 
 QString readAll(const QString &path)
 {
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return QString::fromUtf8(file.readAll());
+    return QString::fromUtf8(kxtest::readFile(path));
 }
 
 TEST(IniFile, ReadsWithoutRegardToCase)
@@ -80,8 +74,7 @@ TEST(IniFile, WritesKeepTheFilesEncodingAndLineEnds)
 {
     QTemporaryDir dir;
     const auto utf16 = [](const QString &text, QStringConverter::Encoding e) { return QByteArray(QStringEncoder(e).encode(text)); };
-    const struct
-    {
+    const struct {
         const char *name;
         QByteArray before, after;
     } cases[] = {
@@ -98,9 +91,7 @@ TEST(IniFile, WritesKeepTheFilesEncodingAndLineEnds)
         TCIniFile ini(path);
         EXPECT_EQ(ini.ReadString(u"lage"_s, u"pfad"_s).right(6), u"Kärten"_s) << c.name;
         ini.WriteString(u"Lage"_s, u"DPI"_s, u"Mühle"_s);
-        QFile file(path);
-        file.open(QIODevice::ReadOnly);
-        EXPECT_EQ(file.readAll().toHex().toStdString(), c.after.toHex().toStdString()) << c.name;
+        EXPECT_EQ(kxtest::readFile(path).toHex().toStdString(), c.after.toHex().toStdString()) << c.name;
     }
 }
 

@@ -92,8 +92,7 @@ TEST(TCEdit, StylesNumbersAndHiding)
 {
     TCEdit edit;
     edit.show();
-    const struct
-    {
+    const struct {
         TCEditType style;
         bool button;
     } styles[] = { { ceNormal, false }, { ceFunction, true }, { ceMenu, true }, { ceFloat, false }, { ceHandlerList, true } };

@@ -82,14 +82,11 @@ TEST_F(DataCommonTest, FlagsDecideWhatIsDoneAndWhereItFails)
 {
     // Module registry: the main table, its direct child, then the extra child table and its own rows.
     const QStringList registered{ u"7010|FAHRZEUG|1"_s, u"7010|FAHRZEUG_LOG|0"_s, u"7010|FAHRZEUG_PRUEFUNG|0"_s };
-    const struct
-    {
+    const struct {
         const char *name;
-        QString modulId;
-        QString flags;
+        QString modulId, flags;
         Fails fails;
-        bool result;
-        bool mainTable;
+        bool result, mainTable;
         int links; // main, child, grandchild, extra child table
         QStringList registry;
         int rights; // the module right and the main table's twelve

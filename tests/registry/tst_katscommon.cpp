@@ -12,8 +12,6 @@
 #include "goldentrace.h"
 #include "testdatabase.h"
 
-#include <QAction>
-#include <QRegularExpression>
 #include <QStyle>
 #include <QTest>
 #include <QTimer>

@@ -8,7 +8,6 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QThread>
 #include <random>
 
 using namespace Qt::StringLiterals;

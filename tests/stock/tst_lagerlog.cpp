@@ -2,11 +2,11 @@
 // The stock log beyond the ledger property: what a row records, the monthly balance's row, and
 // which failures end a posting.
 #include "log.h"
+#include "scratchfiles.h"
 #include "sqltool.h"
 #include "stocktest.h"
 #include "strtools.h"
 
-#include <QFile>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -76,9 +76,8 @@ TEST_F(LagerLogTest, FailingBalanceIsSwallowedOtherFailuresAreNot)
     EXPECT_NO_THROW(post({ latAdd, lmtIn, kxtest::oneLineDocument(810, 3, 1) }));
     EXPECT_EQ(stock_ReadLog(articleId).size(), 1);
     EXPECT_EQ(kxtest::counts(810), u"3|0|0|3"_s);
-    QFile errors(errorLogFilePath());
-    ASSERT_TRUE(errors.open(QIODevice::ReadOnly)) << "the swallowed failure leaves a line in the error log";
-    EXPECT_TRUE(QString::fromUtf8(errors.readAll()).contains(u"Monatsbestand nicht fortgeschrieben"_s));
+    // The swallowed failure leaves a line in the error log.
+    EXPECT_TRUE(QString::fromUtf8(kxtest::readFile(errorLogFilePath())).contains(u"Monatsbestand nicht fortgeschrieben"_s));
 
     exec(u"drop table LagerLog"_s);
     EXPECT_THROW(post({ latAdd, lmtIn, kxtest::oneLineDocument(810, 3, 1) }), kx::DatabaseError);

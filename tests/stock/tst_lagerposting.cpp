@@ -71,8 +71,7 @@ TEST_F(LagerPostingTest, GoldenPostingOfEveryKind)
 
 TEST_F(LagerPostingTest, BatchLineByAction)
 {
-    const struct
-    {
+    const struct {
         TCLagerActionType action;
         double A, C;
         double countCharge, ausgegeben, verfuegbar; // from 0, 0, 20
@@ -171,8 +170,7 @@ TEST_F(LagerPostingTest, MultiStorageBooksTheStorageLocation)
 
 TEST_F(LagerPostingTest, OrderDocumentByAction)
 {
-    const struct
-    {
+    const struct {
         TCLagerActionType action;
         double A, B;
         double onOrder; // from 10
@@ -235,10 +233,8 @@ TEST_F(LagerPostingTest, MissingTablesOfTheLineFailTheCall)
 
 TEST_F(LagerPostingTest, MaxAvailAndSalesPrice)
 {
-    const struct
-    {
-        QString ignore;
-        QString bestand;
+    const struct {
+        QString ignore, bestand;
         double expected;
     } cases[] = {
         { u"1"_s, u"12.5"_s, -280772 }, { u"null"_s, u"12.5"_s, 12.5 }, { u"0"_s, u"3"_s, 3 },

@@ -3,6 +3,7 @@
 
 #include "globals.h"
 #include "inifile.h"
+#include "scratchfiles.h"
 #include "symbolspackcommon.h"
 
 #include <QBuffer>
@@ -51,9 +52,7 @@ protected:
         QImage picture(4, 4, QImage::Format_RGB32);
         picture.fill(colour);
         EXPECT_TRUE(picture.save(file, format)) << file.toStdString();
-        QFile in(file);
-        in.open(QIODevice::ReadOnly);
-        return in.readAll();
+        return kxtest::readFile(file);
     }
     // A pack whose items have the identifiers (German texts: name = identifier, category given).
     static void pack(const QString &file, const QList<std::pair<QString, QString>> &items)

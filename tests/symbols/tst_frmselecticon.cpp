@@ -20,8 +20,7 @@ namespace {
 TEST(SortSymbolsByCategory, KeepsItsPartialOrdering)
 {
     // Worked by hand: one pass per i from n down to 3, comparing (j-1, j) for j = 2..i.
-    const struct
-    {
+    const struct {
         const char *name;
         QList<const char *> categories; // nullptr: no German texts
         QList<int> order;
@@ -95,8 +94,7 @@ TEST_F(SelectIconTest, SelectSymbolHandsBackTheReference)
 {
     const QString hydrant = path(u"sym/Eigene/Hydrant.png"_s);
     enum Way { ClickAndOk, DoubleClick, OkWithoutSelection, Cancel };
-    const struct
-    {
+    const struct {
         const char *name;
         Way way;
         QString symbol;
@@ -136,8 +134,7 @@ TEST_F(SelectIconTest, SelectSymbolHandsBackTheReference)
 
 TEST_F(SelectIconTest, LoadSymbolReadsAStoredReference)
 {
-    const struct
-    {
+    const struct {
         const char *name;
         QString reference;
         TEvSymbolType type;

@@ -13,7 +13,6 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QStandardItemModel>
-#include <QTableView>
 #include <QTest>
 #include <QTimer>
 
@@ -39,22 +38,15 @@ protected:
         tenants_AddSampleData();
         tenants_SignInSampleUser();
     }
-    void TearDown() override
-    {
-        User = TCUser{};
-        kxtest::DatabaseTest::TearDown();
-    }
     TCDataAccess mask{ maskTable(), nullptr };
 };
 
 TEST_F(FrmMandantenTest, LoadedSetsDefaultsAndTheRightToChange)
 {
-    const struct
-    {
+    const struct {
         const char *name;
         QString rights;
-        bool unrestricted;
-        bool mayChange;
+        bool unrestricted, mayChange;
     } cases[] = {
         { "[2:150] only", u"[7010:20][2:150]"_s, false, true },
         { "[0002:150]", u"[0002:150]"_s, false, true },
@@ -126,8 +118,7 @@ TEST_F(FrmMandantenTest, ClearingTheTenantClearsTheHiddenCode)
 
 TEST_F(FrmMandantenTest, SelectionOffersTheUsersTenantsAndFillsTheEdits)
 {
-    const struct
-    {
+    const struct {
         const char *name;
         bool unrestricted;
         QStringList filter;

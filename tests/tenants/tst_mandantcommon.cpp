@@ -9,7 +9,6 @@
 #include "property.h"
 #include "testdatabase.h"
 
-#include <QElapsedTimer>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -67,11 +66,6 @@ protected:
         tenants_AddToGroup(u"u1"_s, u"G1"_s);
         tenants_AddToGroup(u"u2"_s, u"G2"_s);
         User = TCUser{};
-    }
-    void TearDown() override
-    {
-        User = TCUser{};
-        kxtest::DatabaseTest::TearDown();
     }
 };
 
