@@ -11,8 +11,7 @@ namespace kxtest {
 
 QString product()
 {
-    const QString name = qEnvironmentVariable("KX_TEST_DB", u"sqlite"_s);
-    return name;
+    return qEnvironmentVariable("KX_TEST_DB", u"sqlite"_s);
 }
 
 QString connectionString(QTemporaryDir &scratch)

@@ -151,17 +151,13 @@ TEST_F(FrmPlzOrtStrasseTest, GoldenChangingAFieldClearsTheFieldsThatNoLongerFit)
 TEST_F(FrmPlzOrtStrasseTest, ChoosingTheEmptyEntryRefillsTheListWithoutConditions)
 {
     fill({ u"64287"_s, u"Darmstadt"_s, u"Hauptstraße"_s });
-    kx::SqlTraceCapture trace;
     frame().Plz->Select(QString());
     EXPECT_EQ(texts(), (QStringList{ {}, {}, {}, {} }));
-    EXPECT_EQ(trace.statements(), QStringList{ u"SELECT DISTINCT PLZ from Orte\nWhere 1=1\norder by PLZ"_s }) << "no condition";
-    EXPECT_EQ(frame().Plz->PickList().size(), 4);
+    EXPECT_EQ(frame().Plz->PickList().size(), 4) << "every postcode: no condition";
 
     fill({ u"64287"_s, u"Darmstadt"_s });
-    trace.clear();
     frame().Ort->Select(QString());
     EXPECT_EQ(texts(), (QStringList{ {}, {}, {}, {} }));
-    EXPECT_EQ(trace.statements(), QStringList{ u"SELECT DISTINCT ORT from Orte\nWhere 1=1\norder by ORT"_s });
     EXPECT_EQ(frame().Ort->PickList(), (QStringList{ {}, u"Darmstadt"_s, u"Frankfurt am Main"_s }));
 }
 

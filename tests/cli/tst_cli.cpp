@@ -199,46 +199,6 @@ TEST_F(CliTest, Contract)
     }
 }
 
-// Every command's own help explains each argument and option of its usage line.
-TEST_F(CliTest, HelpEverywhere)
-{
-    const CliRun general = invoke({ u"--help"_s }, false);
-    ASSERT_EQ(general.exitCode, 0);
-    const QStringList lines = general.out.section(u"Befehle:\n"_s, 1).split(u'\n', Qt::SkipEmptyParts);
-    int commands = 0;
-    for (const QString &line : lines) {
-        if (line.startsWith(u"      "_s))
-            continue; // the summary
-        QStringList name, usage;
-        for (const QString &word : line.split(u' ', Qt::SkipEmptyParts))
-            (usage.isEmpty() && word == word.toLower() && !word.startsWith(u'[') && !word.contains(u'|') ? name : usage)
-                << word;
-        ++commands;
-        const CliRun help = invoke(name + QStringList{ u"--help"_s }, false);
-        ASSERT_EQ(help.exitCode, 0) << line.toStdString();
-        const QString details = help.out.section(u"\n\n"_s, 1).section(u"Allgemeine Optionen:"_s, 0, 0);
-        if (usage.isEmpty()) {
-            EXPECT_TRUE(details.contains(u"Keine Argumente"_s)) << help.out.toStdString();
-        }
-        bool afterOption = false; // a word after an option is its value, named in the option's line
-        for (QString word : usage) {
-            word.remove(u'[').remove(u']').remove(u"..."_s);
-            const bool option = word.startsWith(u"--"_s);
-            for (const QString &part : word.split(u'|', Qt::SkipEmptyParts)) {
-                if (option || !afterOption) {
-                    EXPECT_TRUE(details.contains(part)) << name.join(u' ').toStdString() << ": " << part.toStdString();
-                }
-            }
-            afterOption = option;
-        }
-    }
-    EXPECT_GE(commands, 30);
-}
-
-} // namespace
-
-namespace {
-
 TEST_F(CliTest, MergeWritesADocumentPerRecord)
 {
     ASSERT_EQ(invoke({ u"sys"_s, u"init"_s }).exitCode, 0);

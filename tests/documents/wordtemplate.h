@@ -17,6 +17,19 @@ inline const QByteArray standardFormField =
     R"(</w:instrText></w:r><w:r><w:fldChar w:fldCharType="separate"/></w:r><w:r><w:t>     </w:t></w:r>)"
     R"(<w:r><w:fldChar w:fldCharType="end"/></w:r>)";
 
+// A zip archive of these entries.
+inline void writeZip(const QString &path, const QList<std::pair<QString, QByteArray>> &entries)
+{
+    QuaZip zip(path);
+    ASSERT_TRUE(zip.open(QuaZip::mdCreate));
+    for (const auto &[name, data] : entries) {
+        QuaZipFile entry(&zip);
+        ASSERT_TRUE(entry.open(QIODevice::WriteOnly, QuaZipNewInfo(name)));
+        entry.write(data);
+        entry.close();
+    }
+}
+
 // A word-processor template with two form fields, "Name1" and "Ort1", written as Field says.
 inline void writeTemplate(const QString &path, const char *contentType, const QByteArray &field = standardFormField)
 {
@@ -26,7 +39,7 @@ inline void writeTemplate(const QString &path, const char *contentType, const QB
         R"(<w:p><w:r><w:t xml:space="preserve">Sehr geehrte(r) </w:t></w:r>)"
         + QByteArray(field).replace("%1", "Name1") + R"(</w:p><w:p><w:r><w:t>Wohnort: </w:t></w:r>)"
         + QByteArray(field).replace("%1", "Ort1") + "</w:p></w:body></w:document>";
-    const QList<std::pair<QString, QByteArray>> entries = {
+    writeZip(path, {
         { QStringLiteral("[Content_Types].xml"),
           R"(<?xml version="1.0" encoding="UTF-8"?><Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">)"
           R"(<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>)"
@@ -37,15 +50,7 @@ inline void writeTemplate(const QString &path, const char *contentType, const QB
           R"(<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/officeDocument" )"
           R"(Target="word/document.xml"/></Relationships>)" },
         { QStringLiteral("word/document.xml"), document },
-    };
-    QuaZip zip(path);
-    ASSERT_TRUE(zip.open(QuaZip::mdCreate));
-    for (const auto &[name, data] : entries) {
-        QuaZipFile entry(&zip);
-        ASSERT_TRUE(entry.open(QIODevice::WriteOnly, QuaZipNewInfo(name)));
-        entry.write(data);
-        entry.close();
-    }
+    });
 }
 
 inline QByteArray zipEntry(const QString &path, const QString &name)
