@@ -2,11 +2,10 @@
 // The widget hooks on the offscreen platform: MsgDlg as a real message box.
 #include "msgdlg.h"
 #include "widgethooks.h"
+#include "whenshown.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QMessageBox>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -25,9 +24,7 @@ struct Answer
 
 void answerWhenShown(Answer &answer)
 {
-    QTimer::singleShot(0, [&answer] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
+    kxtest::whenShown<QMessageBox>([&answer](QMessageBox *box) {
         answer.text = box->text();
         answer.icon = box->icon();
         for (QAbstractButton *b : box->buttons()) {

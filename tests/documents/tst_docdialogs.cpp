@@ -9,8 +9,8 @@
 #include "scratchfiles.h"
 #include "scriptedmessages.h"
 #include "testdatabase.h"
+#include "whenshown.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
@@ -18,7 +18,6 @@
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -53,14 +52,6 @@ protected:
         }, 5000);
         names.sort();
         return names;
-    }
-    static void whenShown(std::function<void(QWidget *)> action)
-    {
-        QTimer::singleShot(50, [action] {
-            QWidget *shown = QApplication::activeModalWidget();
-            ASSERT_NE(shown, nullptr);
-            action(shown);
-        });
     }
     QString docs;
 };
@@ -103,9 +94,7 @@ TEST_F(DocDialogsTest, SavingThroughTheBrowserNeedsAName)
     onlySearchPath(true);
     QString path = u"alt"_s;
     bool stayedOpen = false;
-    whenShown([&](QWidget *shown) {
-        auto *form = qobject_cast<TDocSaveCommonForm *>(shown);
-        ASSERT_NE(form, nullptr);
+    kxtest::whenShown<TDocSaveCommonForm>([&](TDocSaveCommonForm *form) {
         QTest::mouseClick(form->OkButton, Qt::LeftButton); // no name yet
         stayedOpen = form->isVisible();
         listed(form->ShellListView1, 3);
@@ -127,7 +116,7 @@ TEST_F(DocDialogsTest, SavingThroughTheBrowserNeedsAName)
     EXPECT_TRUE(stayedOpen);
     EXPECT_EQ(path, docs + u"/Einsatz 12.jpg"_s);
 
-    whenShown([](QWidget *shown) { QTest::mouseClick(qobject_cast<TDocBrowserForm *>(shown)->CancelButton, Qt::LeftButton); });
+    kxtest::whenShown<TDocBrowserForm>([](TDocBrowserForm *shown) { QTest::mouseClick(shown->CancelButton, Qt::LeftButton); });
     EXPECT_FALSE(SaveCommonDocument(path));
     EXPECT_TRUE(path.isEmpty());
 }
@@ -147,9 +136,7 @@ TEST_F(DocDialogsTest, StandardDialogsWithSeveralFiles)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
         QString path;
-        whenShown([&c, this](QWidget *shown) {
-            auto *dialog = qobject_cast<QFileDialog *>(shown);
-            ASSERT_NE(dialog, nullptr);
+        kxtest::whenShown<QFileDialog>([&c, this](QFileDialog *dialog) {
             dialog->setDirectory(docs);
             dialog->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(c.typed);
             static_cast<QDialog *>(dialog)->accept();

@@ -19,6 +19,7 @@
 #include "goldentrace.h"
 #include "testdatabase.h"
 #include "log.h"
+#include "whenshown.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -28,7 +29,6 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
-#include <QTimer>
 #include <QTreeWidget>
 #include <dlfcn.h>
 
@@ -240,9 +240,7 @@ TEST_F(DocModiTest, StoredDocumentSavedToAFolder)
     post(form, u"Fahrzeugbrief"_s, m_scratch.filePath(u"Brief.pdf"_s));
     const QString folder = m_scratch.filePath(u"Ablage"_s);
     QDir().mkpath(folder);
-    QTimer::singleShot(50, [folder] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
+    kxtest::whenShown<QFileDialog>([folder](QFileDialog *dialog) {
         dialog->setDirectory(folder);
         static_cast<QDialog *>(dialog)->accept();
     });
@@ -328,9 +326,7 @@ TEST_F(DocModiTest, ScanningThroughSane)
         form.Dokumente->setText(u"vorher.pdf"_s);
         const QString target = m_scratch.filePath(u"Seite 1"_s);
         if (c.dialog != None)
-            QTimer::singleShot(50, [&c, target] {
-                auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-                ASSERT_NE(dialog, nullptr);
+            kxtest::whenShown<QFileDialog>([&c, target](QFileDialog *dialog) {
                 if (c.dialog == Cancel) {
                     dialog->reject();
                     return;

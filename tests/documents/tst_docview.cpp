@@ -9,11 +9,10 @@
 #include "sqlconnection.h"
 #include "goldentrace.h"
 #include "testdatabase.h"
+#include "whenshown.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -106,9 +105,7 @@ TEST_F(DocViewTest, OpeningTheChosenDocument)
 
     // The modal list of the free function, closed by its action.
     bool listed = false;
-    QTimer::singleShot(0, [&listed] {
-        auto *shown = qobject_cast<TDocViewCommonForm *>(QApplication::activeModalWidget());
-        ASSERT_NE(shown, nullptr);
+    kxtest::whenShown<TDocViewCommonForm>([&listed](TDocViewCommonForm *shown) {
         listed = shown->DocList->topLevelItemCount() == 1;
         shown->DoClose->trigger();
     });

@@ -5,12 +5,11 @@
 
 #include "frmselecticoncommon.h"
 #include "symbolsview.h"
+#include "whenshown.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -62,15 +61,6 @@ protected:
         image(path(u"sym/Eigene/Hydrant.png"_s), Qt::blue);
         pack(path(u"app/symbols.pak"_s), { { u"{lf}"_s, u"Fahrzeuge"_s }, { u"{gas}"_s, u"Gefahren"_s } });
     }
-    // Runs Action on the form once it is shown modally.
-    static void whenShown(std::function<void(TfrmSelectIconForm *)> action)
-    {
-        QTimer::singleShot(0, [action] {
-            auto *form = qobject_cast<TfrmSelectIconForm *>(QApplication::activeModalWidget());
-            ASSERT_NE(form, nullptr);
-            action(form);
-        });
-    }
     static QToolButton *button(TfrmSelectIconForm *form, const QString &id)
     {
         TLumSheetItem *item = form->fSymbolsView->Manager()->ItemByGuid(id);
@@ -112,7 +102,7 @@ TEST_F(SelectIconTest, SelectSymbolHandsBackTheReference)
         QString name = u"alt"_s;
         TEvSymbolType type = evSymIsFile;
         QLabel picture;
-        whenShown([&c](TfrmSelectIconForm *form) {
+        kxtest::whenShown<TfrmSelectIconForm>([&c](TfrmSelectIconForm *form) {
             QToolButton *symbol = c.symbol.isEmpty() ? nullptr : button(form, c.symbol);
             if (c.way == DoubleClick) {
                 QTest::mouseDClick(symbol, Qt::LeftButton);

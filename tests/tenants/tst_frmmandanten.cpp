@@ -9,12 +9,11 @@
 #include "tenantdata.h"
 #include "goldentrace.h"
 #include "testdatabase.h"
+#include "whenshown.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QStandardItemModel>
 #include <QTest>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -146,9 +145,7 @@ TEST_F(FrmMandantenTest, SelectionOffersTheUsersTenantsAndFillsTheEdits)
     frame.show();
     frame.Mandant->setText(u"Löschzug Musterstadt-Süd"_s);
     bool chosenInDialog = false;
-    QTimer::singleShot(0, [&] {
-        auto *dialog = qobject_cast<TCSelectDialog *>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
+    kxtest::whenShown<TCSelectDialog>([&](TCSelectDialog *dialog) {
         // Exact selection preselects the row of the edit's text.
         const QList<QStringList> chosen = dialog->chosenRows();
         ASSERT_EQ(chosen.size(), 1);
