@@ -9,6 +9,7 @@
 #include "testdatabase.h"
 
 #include <QRegularExpression>
+#include <functional>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -21,12 +22,15 @@ protected:
     void prepare() override { dispatch_CreateTables(); }
 };
 
-AaoRule rule(const QString &kuerzel, const QString &name)
+// Adds a rule for the keyword with that name, as Set makes it; returns its key.
+QString addRule(const QString &kuerzel, const QString &name, const std::function<void(AaoRule &)> &set = {})
 {
     AaoRule r;
     r.alarmkuerzel = kuerzel;
     r.bezeichnung = name;
-    return r;
+    if (set)
+        set(r);
+    return dispatch_AddRule(r);
 }
 
 QString nameOf(const QString &id)
@@ -45,14 +49,13 @@ QString dayText(int offset)
 
 TEST_F(AaoTest, WeekdayColumnForEveryDay)
 {
-    dispatch_AddRule(rule(u"B1"_s, u"immer"_s));
-    for (int d = 0; d < 7; ++d) {
-        AaoRule r = rule(u"B1"_s, u"Tag %1"_s.arg(d));
-        r.restricted = true;
-        for (int k = 0; k < 7; ++k)
-            r.weekdays[k] = k == d;
-        dispatch_AddRule(r);
-    }
+    addRule(u"B1"_s, u"immer"_s);
+    for (int d = 0; d < 7; ++d)
+        addRule(u"B1"_s, u"Tag %1"_s.arg(d), [d](AaoRule &r) {
+            r.restricted = true;
+            for (int k = 0; k < 7; ++k)
+                r.weekdays[k] = k == d;
+        });
     for (int d = 0; d < 7; ++d) {
         kx::SqlTraceCapture trace;
         EXPECT_EQ(nameOf(aaoGetID(u"x"_s, u"y"_s, u"B1"_s, dayText(d), u"12:00:00"_s)), u"Tag %1"_s.arg(d));
@@ -62,28 +65,16 @@ TEST_F(AaoTest, WeekdayColumnForEveryDay)
 
 TEST_F(AaoTest, TimeAndDateWindows)
 {
-    dispatch_AddRule(rule(u"T"_s, u"immer"_s));
-    AaoRule day = rule(u"T"_s, u"Tagdienst"_s);
-    day.restricted = true;
-    day.fromTime = u"08:00:00"_s;
-    day.toTime = u"16:00:00"_s;
-    dispatch_AddRule(day);
-    AaoRule november = rule(u"D"_s, u"November"_s);
-    november.restricted = true;
-    november.fromDate = QDate(2026, 11, 1);
-    november.toDate = QDate(2026, 11, 30);
-    dispatch_AddRule(november);
-    dispatch_AddRule(rule(u"D"_s, u"immer"_s));
-    AaoRule openEnd = rule(u"O"_s, u"ab 2026"_s); // a start date without an end never applies
-    openEnd.restricted = true;
-    openEnd.fromDate = QDate(2026, 1, 1);
-    dispatch_AddRule(openEnd);
-    dispatch_AddRule(rule(u"O"_s, u"immer"_s));
-    AaoRule past = rule(u"P"_s, u"bis 2020"_s); // no start date: the end date is not looked at
-    past.restricted = true;
-    past.toDate = QDate(2020, 12, 31);
-    dispatch_AddRule(past);
-    dispatch_AddRule(rule(u"P"_s, u"immer"_s));
+    // The unrestricted rule written before or after the restricted one: the restricted one is asked first.
+    addRule(u"T"_s, u"immer"_s);
+    addRule(u"T"_s, u"Tagdienst"_s, [](AaoRule &r) { r.restricted = true; r.fromTime = u"08:00:00"_s; r.toTime = u"16:00:00"_s; });
+    addRule(u"D"_s, u"November"_s, [](AaoRule &r) { r.restricted = true; r.fromDate = { 2026, 11, 1 }; r.toDate = { 2026, 11, 30 }; });
+    addRule(u"D"_s, u"immer"_s);
+    // A start date without an end never applies; without a start date the end date is not looked at.
+    addRule(u"O"_s, u"ab 2026"_s, [](AaoRule &r) { r.restricted = true; r.fromDate = { 2026, 1, 1 }; });
+    addRule(u"O"_s, u"immer"_s);
+    addRule(u"P"_s, u"bis 2020"_s, [](AaoRule &r) { r.restricted = true; r.toDate = { 2020, 12, 31 }; });
+    addRule(u"P"_s, u"immer"_s);
 
     const struct {
         QString kuerzel, date, time, expected;
@@ -138,17 +129,10 @@ TEST_F(AaoTest, CompetingRulesWithNullsGiveTheSameRuleOnEveryProduct)
 
 TEST_F(AaoTest, ObjectPlaceAndPlaceList)
 {
-    dispatch_AddRule(rule(u"B2"_s, u"allgemein"_s));
-    AaoRule rathaus = rule(u"B2"_s, u"Rathaus"_s);
-    rathaus.objekt = u"Rathaus"_s;
-    dispatch_AddRule(rathaus);
-    AaoRule nord = rule(u"B2"_s, u"Nord"_s);
-    nord.einsatzort = u"Nordstadt"_s;
-    const QString nordId = dispatch_AddRule(nord);
-    dispatch_AddRulePlace(nordId, u"Neudorf"_s);
-    AaoRule altNeu = rule(u"K9"_s, u"Alt - Neu"_s);
-    altNeu.objekt = u"Alt - Neu"_s;
-    dispatch_AddRule(altNeu);
+    addRule(u"B2"_s, u"allgemein"_s);
+    addRule(u"B2"_s, u"Rathaus"_s, [](AaoRule &r) { r.objekt = u"Rathaus"_s; });
+    dispatch_AddRulePlace(addRule(u"B2"_s, u"Nord"_s, [](AaoRule &r) { r.einsatzort = u"Nordstadt"_s; }), u"Neudorf"_s);
+    addRule(u"K9"_s, u"Alt - Neu"_s, [](AaoRule &r) { r.objekt = u"Alt - Neu"_s; });
 
     const QString today = QDate::currentDate().toString(u"dd.MM.yyyy"_s);
     EXPECT_EQ(nameOf(aaoGetID(u"Rathaus"_s, u"Musterstadt"_s, u"B2"_s)), u"Rathaus"_s);

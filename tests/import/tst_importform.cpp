@@ -143,13 +143,13 @@ TEST_F(ImportFormTest, DefinitionSavedLoadedAndRun)
     EXPECT_EQ(assigned(), (QStringList{ u"1"_s, u"2"_s }));
 
     // Closed and shown again, the form still knows its tables.
+    const QList<ScriptedMessages::Step> questions{ { u"Daten wirklich importieren?"_s, mrYes },
+                                                   { u"Wollen Sie die bisherigen Daten leeren?"_s, mrNo },
+                                                   { u"Sind Sie sich wirklich sicher?"_s, mrYes } };
     form->close();
     form->show();
     {
-        ScriptedMessages user({ { u"Daten wirklich importieren?"_s, mrYes },
-                                { u"Wollen Sie die bisherigen Daten leeren?"_s, mrNo },
-                                { u"Sind Sie sich wirklich sicher?"_s, mrYes },
-                                { u"Daten wurden importiert."_s } });
+        ScriptedMessages user(questions + QList<ScriptedMessages::Step>{ { u"Daten wurden importiert."_s } });
         QTest::mouseClick(form->StartImportButton, Qt::LeftButton);
     }
     EXPECT_EQ(kxtest::rows(u"select PLZ, ORT from IMP_FORM order by PLZ"_s),
@@ -160,10 +160,7 @@ TEST_F(ImportFormTest, DefinitionSavedLoadedAndRun)
     // A run that ends with an error gives the cursor back as well.
     kxtest::exec(u"drop table IMP_FORM"_s);
     {
-        ScriptedMessages user({ { u"Daten wirklich importieren?"_s, mrYes },
-                                { u"Wollen Sie die bisherigen Daten leeren?"_s, mrNo },
-                                { u"Sind Sie sich wirklich sicher?"_s, mrYes },
-                                { u"*"_s } });
+        ScriptedMessages user(questions + QList<ScriptedMessages::Step>{ { u"*"_s } });
         QTest::mouseClick(form->StartImportButton, Qt::LeftButton);
     }
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);

@@ -182,24 +182,6 @@ TEST(SqlConvertFormatStringToSQL, BuildsAConditionOrNothing)
         EXPECT_EQ(sqlConvertFormatStringToSQL(QString(), u"ORT"_s, u"Varchar"_s, c.value, false), c.expected);
 }
 
-TEST(SqlBuild, InsertAndUpdateTexts)
-{
-    kx::SqlValueList row;
-    row.addText(u"ID"_s, u"a'b"_s).add(u"ANZAHL"_s, sqlConvertFloat(2.5)).add(u"EXPR"_s, u"x=1"_s);
-    EXPECT_EQ(SqlBuildInsertSql(u"LagerLog"_s, row.pairs()),
-              u"Insert into LagerLog (ID,ANZAHL,EXPR) values ('a''b',2.5,x=1)"_s);
-    EXPECT_EQ(SqlBuildUpdateSql(u"LagerLog"_s, row.pairs(), u"Where id='1'"_s),
-              u"Update LagerLog set ANZAHL=2.5,EXPR=x=1 Where id='1'"_s);
-}
-
-TEST(SqlBuild, SetReplacesAPairWhereItStands)
-{
-    kx::SqlValueList row;
-    row.add(u"id"_s, u"'1'"_s).add(u"Anzahl"_s, u"4"_s).add(u"Preis"_s, u"2"_s);
-    row.set(u"ANZAHL"_s, u"x=5"_s).set(u"OUT_IDIN"_s, u"''"_s);
-    EXPECT_EQ(row.pairs(), (QStringList{ u"id='1'"_s, u"Anzahl=x=5"_s, u"Preis=2"_s, u"OUT_IDIN=''"_s }));
-}
-
 TEST(QueryField, ReadsValuesInTheFormatSettings)
 {
     const TCQueryField real(u"F"_s, QVariant(2.5));

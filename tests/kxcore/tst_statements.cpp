@@ -107,6 +107,7 @@ TEST(Connection, NotOpenFailsWithAClearError)
     TCSqlConnection connection;
     EXPECT_TRUE(kxtest::raised<kx::DatabaseError>([&] { connection.execute(u"select 1"_s); })
                     .startsWith(u"Keine Datenbankverbindung geöffnet."_s));
+    EXPECT_THROW(connection.dialect(), kx::DatabaseError);
 }
 
 } // namespace

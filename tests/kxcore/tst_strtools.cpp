@@ -23,25 +23,9 @@ TEST(StrTools, StrToBool)
 
 TEST(StrTools, StrToInt)
 {
-    EXPECT_EQ(hStrToInt(u"42"_s), 42);
-    EXPECT_EQ(hStrToInt(u" -7 "_s), -7);
-    EXPECT_EQ(hStrToInt(u"0002"_s), 2);
-    EXPECT_EQ(hStrToInt(u"4,5"_s, 9), 9);
-    EXPECT_EQ(hStrToInt(u""_s), 0);
-    EXPECT_EQ(hStrToInt(u"99999999999"_s, -1), -1);
-}
-
-TEST(StrTools, NthString)
-{
-    const QString line = u"Müller;\"Hauptstraße 1\";;12,5;"_s;
-    const struct {
-        int n;
-        QString expected;
-    } cases[] = { { 1, u"Müller"_s }, { 2, u"\"Hauptstraße 1\""_s }, { 3, u""_s }, { 4, u"12,5"_s },
-                  { 5, u""_s },       { 6, u""_s },                   { 0, u""_s }, { -1, u""_s } };
-    for (const auto &c : cases)
-        EXPECT_EQ(GetNthString(line, c.n), c.expected) << c.n;
-    EXPECT_EQ(GetNthString(u"a|b"_s, 2, u'|'), u"b"_s);
+    for (const auto &[text, fallback, value] : { std::tuple{ u"42"_s, 0, 42 }, { u" -7 "_s, 0, -7 }, { u"0002"_s, 0, 2 },
+                                                 { u"4,5"_s, 9, 9 }, { u""_s, 0, 0 }, { u"99999999999"_s, -1, -1 } })
+        EXPECT_EQ(hStrToInt(text, fallback), value) << text.toStdString();
 }
 
 TEST(StrTools, FileFromSearchPath)

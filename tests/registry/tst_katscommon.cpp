@@ -42,15 +42,20 @@ protected:
     }
 };
 
-// Clicks the check box of the node with that caption.
-void clickCheckBox(TCDBTreeView *view, const QString &caption)
+QModelIndex node(TCDBTreeView *view, const QString &caption)
 {
     const QModelIndexList found = view->model()->match(view->treeModel()->rootIndex(), Qt::DisplayRole, caption, 1,
                                                        Qt::MatchExactly | Qt::MatchRecursive);
-    ASSERT_EQ(found.size(), 1) << caption.toStdString();
+    EXPECT_EQ(found.size(), 1) << caption.toStdString();
+    return found.value(0);
+}
+
+// Clicks the check box of the node with that caption.
+void clickCheckBox(TCDBTreeView *view, const QString &caption)
+{
     QStyleOptionViewItem option;
     option.initFrom(view);
-    option.rect = view->visualRect(found.first());
+    option.rect = view->visualRect(node(view, caption));
     option.features |= QStyleOptionViewItem::HasCheckIndicator;
     const QRect box = view->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, view);
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, box.center());
@@ -59,10 +64,7 @@ void clickCheckBox(TCDBTreeView *view, const QString &caption)
 // Makes the node current and presses the space bar.
 void pressSpace(TCDBTreeView *view, const QString &caption)
 {
-    const QModelIndexList found = view->model()->match(view->treeModel()->rootIndex(), Qt::DisplayRole, caption, 1,
-                                                       Qt::MatchExactly | Qt::MatchRecursive);
-    ASSERT_EQ(found.size(), 1) << caption.toStdString();
-    view->setCurrentIndex(found.first());
+    view->setCurrentIndex(node(view, caption));
     QTest::keyClick(view, Qt::Key_Space);
 }
 

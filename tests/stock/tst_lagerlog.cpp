@@ -22,6 +22,7 @@ class LagerLogTest : public kxtest::StockTest
 
 const QDate today = QDate::currentDate();
 
+// Every property a caller sets by name reaches the row (the others are set by name in every posting).
 TEST_F(LagerLogTest, RowTextsDatesAndDocumentKeys)
 {
     const QString articleId = stock_AddArticle(700, u"Funkgerät"_s);
@@ -34,6 +35,8 @@ TEST_F(LagerLogTest, RowTextsDatesAndDocumentKeys)
     action.setProperty("idBelegnummer", u"4711"_s);
     action.setProperty("idWareneingang", u"WE-1"_s);
     action.setProperty("idausgabe", u"AUS-9"_s);
+    action.setProperty("idBestellung", u"B-3"_s); // each line's order replaces it: none here
+    action.setProperty("idEingangsrechnung", u"ER-4"_s);
     action.setProperty("LogActionDate", QDateTime(earlier, QTime(10, 0)));
     const QString before = QDateTime::currentDateTime().toString(u"HHmmss"_s);
     action.Execute();
@@ -41,7 +44,7 @@ TEST_F(LagerLogTest, RowTextsDatesAndDocumentKeys)
     EXPECT_EQ(rows(u"select DATUM, BENUTZER, TABELLE, ART, MODULNR, IDBELEGNUMMER, IDWARENEINGANG, IDAUSGABE, "
                    u"IDBESTELLUNG, IDEINGANGSRECHNUNG, OUT_IDIN, PREIS from LagerLog"_s),
               QStringList{ earlier.toString(u"dd.MM.yyyy"_s)
-                           + u"|Prüfer|LAGERBELEG_POS|Lager Eingang|0002|4711|WE-1|AUS-9|||"_s + u"|12,5"_s });
+                           + u"|Prüfer|LAGERBELEG_POS|Lager Eingang|0002|4711|WE-1|AUS-9||ER-4||12,5"_s });
     const StockLogRow row = stock_ReadLog(articleId).first();
     // The stamp is the booking date followed by the time of writing, to the millisecond.
     EXPECT_EQ(row.tstamp.size(), 17);

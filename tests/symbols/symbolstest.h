@@ -6,7 +6,6 @@
 #include "scratchfiles.h"
 #include "symbolspackcommon.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QTemporaryDir>
@@ -54,20 +53,16 @@ protected:
         EXPECT_TRUE(picture.save(file, format)) << file.toStdString();
         return kxtest::readFile(file);
     }
-    // A pack whose items have the identifiers (German texts: name = identifier, category given).
-    static void pack(const QString &file, const QList<std::pair<QString, QString>> &items)
+    // A pack whose items have the identifiers (German texts: name = identifier, category given)
+    // and a blue picture.
+    void pack(const QString &file, const QList<std::pair<QString, QString>> &items) const
     {
+        const QByteArray png = image(path(QStringLiteral("blau.png")), Qt::blue);
         TItemSymbolManager symbols;
         for (const auto &[id, category] : items) {
             auto *item = symbols.CreateItem();
             item->Guid = id;
             item->ImageType = litPng;
-            QImage picture(2, 2, QImage::Format_RGB32);
-            picture.fill(Qt::blue);
-            QByteArray png;
-            QBuffer buffer(&png);
-            buffer.open(QIODevice::WriteOnly);
-            picture.save(&buffer, "PNG");
             item->SetData(png);
             TTexts texts;
             texts.SetName(id);
