@@ -8,9 +8,15 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 #include <utility>
+#include <vector>
 
 class TCDataAccess;
+namespace kx {
+struct SqlResult;
+class TextLineReader;
+} // namespace kx
 
 // The generic importer of semicolon-separated files: the user pairs database fields of a table
 // and its child tables with file columns, keeps the pairing as an ".iDef" file and runs it. The
@@ -139,8 +145,19 @@ public:
     bool einheitValueImported() const { return m_einheitValueImported; }
 
 private:
+    struct AheadLine;
+
     void importLines(const QString &keyField, int keyColumn, const QStringList &assignedTables);
+    void importLineInBatch(const QString &keyField, int keyColumn, const QStringList &assignedTables);
     void importLine(const QString &keyField, int keyColumn, const QStringList &assignedTables);
+    // Lines whose look-ups and writes are sent ahead in groups (importahead.cpp), where the
+    // product's client can and nothing of a line reads after its writes.
+    bool canImportAhead(const QString &keyField, const QStringList &assignedTables) const;
+    void importLinesAhead(kx::TextLineReader &reader, const QString &keyField, int keyColumn);
+    bool readAhead(kx::TextLineReader &reader, QList<AheadLine> &group, const QString &keyField, int keyColumn);
+    QStringList aheadWrites(const QList<AheadLine> &group, const std::vector<kx::SqlResult> &results,
+                            std::optional<qsizetype> firstLookup);
+    QString valueAssignment(const TImportField &field, const QString &value, QString &error) const;
     bool importLineTogether(const QString &keyField, int keyColumn, const QStringList &assignedTables);
     QString mainRowId(const QString &table, const QString &keyField, int keyColumn);
     void InsertImportRecord(const QString &table, const QString &idField, const QString &parentField, QString &newId,

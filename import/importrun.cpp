@@ -6,6 +6,7 @@
 // in its batch, or its writes go as one unit: a run that ends keeps the whole lines before it, a
 // killed one leaves whole lines only. A guarded statement fails alone (kx::StatementGuard).
 #include "importcommon.h"
+#include "importstatements.h"
 
 #include "dataaccess.h"
 #include "kxerror.h"
@@ -168,6 +169,10 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
     kx::TextLineReader reader(FileName);
     m_lineNumber = 0;
     m_readsAfterWrites = false;
+    if (canImportAhead(keyField, assignedTables)) {
+        importLinesAhead(reader, keyField, keyColumn);
+        return;
+    }
     std::optional<kx::SqlTransaction> batch;
     QElapsedTimer batchAge;
     int batchLines = 0;
@@ -184,13 +189,10 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
                 batchLines = 0;
             }
             m_commitAfterLine = false;
-            if (!batch) {
+            if (!batch)
                 importLine(keyField, keyColumn, assignedTables);
-            } else if (!importLineTogether(keyField, keyColumn, assignedTables)) {
-                kx::SqlTransaction line;
-                importLine(keyField, keyColumn, assignedTables);
-                line.commit();
-            }
+            else
+                importLineInBatch(keyField, keyColumn, assignedTables);
             if (batch && (++batchLines >= Batch.Lines || batchAge.elapsed() >= Batch.Milliseconds || m_commitAfterLine)) {
                 batch->commit();
                 batch.reset();
@@ -211,6 +213,15 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
         }
         throw;
     }
+}
+
+void TImportRun::importLineInBatch(const QString &keyField, int keyColumn, const QStringList &assignedTables)
+{
+    if (importLineTogether(keyField, keyColumn, assignedTables))
+        return;
+    kx::SqlTransaction line;
+    importLine(keyField, keyColumn, assignedTables);
+    line.commit();
 }
 
 void TImportRun::importLine(const QString &keyField, int keyColumn, const QStringList &assignedTables)
@@ -278,8 +289,7 @@ QString TImportRun::mainRowId(const QString &table, const QString &keyField, int
         kx::StatementGuard guard;
         TCSqlQuery lookup;
         lookup.Connection = compSqlConnection;
-        lookup.SQL.Add(u"Select id from "_s + table);
-        lookup.SQL.Add(u"Where "_s + keyField + u" = '"_s + sqlConvertString(GetImportField(m_line, keyColumn)) + u"'"_s);
+        lookup.SQL.Assign(importLookupLines(table, keyField, GetImportField(m_line, keyColumn)));
         lookup.Open();
         if (!lookup.IsEmpty()) {
             ++m_summary.RowsUpdated;
@@ -317,6 +327,17 @@ void TImportRun::InsertImportRecord(const QString &table, const QString &idField
     DoBeforeInsert(fields, values);
     if (fields.isEmpty())
         return;
+    runStatement(importInsertLines(table, fields, values));
+    ++m_summary.RowsInserted;
+}
+
+QStringList importLookupLines(const QString &table, const QString &keyField, const QString &key)
+{
+    return { u"Select id from "_s + table, u"Where "_s + keyField + u" = '"_s + sqlConvertString(key) + u"'"_s };
+}
+
+QStringList importInsertLines(const QString &table, const QStringList &fields, const QStringList &values)
+{
     QStringList lines{ u"Insert Into "_s + table, u"("_s };
     for (qsizetype i = 0; i < fields.size(); ++i)
         lines << fields[i] + (i + 1 < fields.size() ? u","_s : QString());
@@ -324,8 +345,7 @@ void TImportRun::InsertImportRecord(const QString &table, const QString &idField
     for (qsizetype i = 0; i < values.size(); ++i)
         lines << values[i] + (i + 1 < values.size() ? u","_s : QString());
     lines << u")"_s;
-    runStatement(lines);
-    ++m_summary.RowsInserted;
+    return lines;
 }
 
 namespace {
@@ -346,6 +366,27 @@ int fieldLength(const TImportField &field, qint64 lineNumber)
 
 } // namespace
 
+QString TImportRun::valueAssignment(const TImportField &field, const QString &value, QString &error) const
+{
+    const QString &name = field.SubItems[TImportField::Field];
+    const QString type = field.SubItems[TImportField::DataType].toUpper();
+    if (type.contains(u"NUMERIC"_s)) {
+        try {
+            return name + u'=' + sqlConvertFloat(value);
+        } catch (const kx::ConvertError &failure) {
+            error = failure.message();
+            return {};
+        }
+    }
+    if (type.contains(u"DATE"_s)) {
+        const QString date = sqlConvertDate(value);
+        return date.isEmpty() ? QString(name + u"=NULL"_s) : QString(name + u"='"_s + date + u'\'');
+    }
+    // Cut to the declared length before the quotes are doubled, so that the cut never splits a
+    // doubled quote and ends the literal early.
+    return name + u"='"_s + sqlConvertString(value.left(fieldLength(field, m_lineNumber))) + u'\'';
+}
+
 void TImportRun::UpdateImportRecord(const QString &table, QString id)
 {
     for (const TImportField &field : std::as_const(Fields)) {
@@ -361,26 +402,15 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
             m_einheitValueImported = true;
 
         QStringList lines{ u"Update "_s + table + u" set"_s };
-        const QString type = s[TImportField::DataType].toUpper();
-        if (type.contains(u"NUMERIC"_s)) {
-            QString number;
-            try {
-                number = sqlConvertFloat(value);
-            } catch (const kx::ConvertError &error) {
-                // A number that does not read is this value's failure, reported like a refused
-                // statement, not the end of the run.
-                reportColumnError(field, lines.join(u'\n'), error.message());
-                continue;
-            }
-            lines << name + u'=' + number;
-        } else if (type.contains(u"DATE"_s)) {
-            const QString date = sqlConvertDate(value);
-            lines << (date.isEmpty() ? QString(name + u"=NULL"_s) : QString(name + u"='"_s + date + u'\''));
-        } else {
-            // Cut to the declared length before the quotes are doubled, so that the cut never
-            // splits a doubled quote and ends the literal early.
-            lines << name + u"='"_s + sqlConvertString(value.left(fieldLength(field, m_lineNumber))) + u'\'';
+        QString error;
+        const QString assignment = valueAssignment(field, value, error);
+        if (assignment.isEmpty()) {
+            // A number that does not read is this value's failure, reported like a refused
+            // statement, not the end of the run.
+            reportColumnError(field, lines.join(u'\n'), error);
+            continue;
         }
+        lines << assignment;
         if (id == u"-99"_s) {
             // The first written value of a child table makes the child row of this line.
             InsertImportRecord(table, u"ID"_s, u"IDParent"_s, id, m_mainId);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -97,6 +98,54 @@ public:
             PQclear(res);
             throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, sql), sql, native);
         }
+        return take(res);
+    }
+
+    bool canSendAhead() const override { return true; }
+
+    void sendAhead(const QStringList &statements) override
+    {
+        if (!m_conn)
+            throw DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+        m_ahead = statements;
+        const QByteArray text = ((m_pending.isEmpty() ? QString() : m_pending.join(u"; "_s) + u"; "_s)
+                                 + statements.join(u";\n"_s)).toUtf8();
+        if (!PQsendQuery(m_conn, text.constData()))
+            throw DatabaseError(u"SQL-Fehler: %1"_s.arg(QString::fromUtf8(PQerrorMessage(m_conn)).trimmed()));
+        // The savepoints' own results come first and are passed over when collected.
+        m_aheadSkip = int(m_pending.size());
+        m_pending.clear();
+    }
+
+    std::vector<SqlResult> collectAhead() override
+    {
+        std::vector<SqlResult> results;
+        QString native;
+        int index = -m_aheadSkip;
+        while (PGresult *res = PQgetResult(m_conn)) {
+            const ExecStatusType status = PQresultStatus(res);
+            if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) {
+                if (native.isEmpty())
+                    native = QString::fromUtf8(PQresultErrorMessage(res)).trimmed();
+                PQclear(res);
+            } else if (index++ < 0) {
+                PQclear(res);
+            } else {
+                results.push_back(take(res));
+            }
+        }
+        const QStringList sent = std::exchange(m_ahead, {});
+        if (!native.isEmpty()) {
+            // The statement after the last one that gave a result is the one that failed.
+            const QString failed = sent.value(qsizetype(results.size()));
+            throw DatabaseError(u"SQL-Fehler: %1\n%2"_s.arg(native, failed), failed, native);
+        }
+        return results;
+    }
+
+    // The result's rows as values; frees it.
+    static SqlResult take(PGresult *res)
+    {
         SqlResult result;
         const int columnCount = PQnfields(res);
         const int rowCount = PQntuples(res);
@@ -364,6 +413,8 @@ public:
 private:
     bool m_inTransaction = false;
     QStringList m_pending; // savepoint statements not sent yet
+    QStringList m_ahead;   // statements sent ahead, not collected yet
+    int m_aheadSkip = 0;   // results of savepoint statements sent with them
     bool m_piecesTable = false; // kx_blob_value is made for this session
     QString m_lock; // the key of the lock held, in brackets
 

@@ -180,6 +180,30 @@ kx::SqlResult TCSqlConnection::execute(const QString &sql)
     return m_driver->execute(text);
 }
 
+bool TCSqlConnection::sendsAhead() const
+{
+    return m_driver && m_driver->canSendAhead();
+}
+
+void TCSqlConnection::sendAhead(const QStringList &statements)
+{
+    if (!sendsAhead() || m_transactionDepth == 0 || m_deferral)
+        throw kx::DatabaseError(u"Anweisungen lassen sich hier nicht vorausschicken."_s);
+    QStringList texts;
+    for (const QString &sql : statements) {
+        trace(sql);
+        texts << textToSend(sql);
+    }
+    m_driver->sendAhead(texts);
+}
+
+std::vector<kx::SqlResult> TCSqlConnection::collectAhead()
+{
+    if (!m_driver)
+        throw kx::DatabaseError(u"Keine Datenbankverbindung geöffnet."_s);
+    return m_driver->collectAhead();
+}
+
 QString TCSqlConnection::textToSend(const QString &sql) const
 {
     const kx::SqlDialect &d = dialect();

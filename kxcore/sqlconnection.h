@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QIODevice;
 
@@ -64,6 +65,13 @@ public:
     // The text execute() sends for a statement: the one statement without a closing ";", with
     // the null ordering this product needs so that nulls sort lowest as on the others.
     QString textToSend(const QString &sql) const;
+    // Statements sent ahead inside the caller transaction (kx::SqlDriver::sendAhead), each
+    // traced and checked as execute() does; collectAhead() waits for them and gives each one's
+    // result. Only where the product's client can (sendsAhead()), in a transaction, with no
+    // writes waiting.
+    bool sendsAhead() const;
+    void sendAhead(const QStringList &statements);
+    std::vector<kx::SqlResult> collectAhead();
     // Runs a CREATE TRIGGER, whose body holds statements of its own, so it passes the
     // one-statement check; made by the dialect from a table definition, never from values.
     void executeTrigger(const QString &sql);

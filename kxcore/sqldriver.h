@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <vector>
 
 class QIODevice;
 
@@ -61,6 +62,15 @@ public:
         Q_UNUSED(statements);
         return false;
     }
+
+    // Statements sent ahead: sendAhead() sends them as one message inside the caller transaction
+    // and returns without waiting, so that the caller prepares its next statements while the
+    // server works; collectAhead() waits for them and gives each statement's result in order.
+    // A failure throws from collectAhead() after the message is done with; the transaction is
+    // then to be rolled back. Only where canSendAhead() says so, and inside a transaction.
+    virtual bool canSendAhead() const { return false; }
+    virtual void sendAhead(const QStringList &statements) { Q_UNUSED(statements); }
+    virtual std::vector<SqlResult> collectAhead() { return {}; }
 
     // Streams Source, from its position to its end, into the location in pieces, in one
     // transaction (the caller's while one is open), never through a statement's text; the row

@@ -137,7 +137,7 @@ QStringList arguments(const QString &text)
 // output must stay empty), in order, on each product. The files' heads explain their lines.
 TEST_F(CliTest, Contract)
 {
-    for (const QString name : { u"contract.txt"_s, u"json.txt"_s }) {
+    for (const QString &name : { u"contract.txt"_s, u"json.txt"_s }) {
         const QByteArray contract = kxtest::readFile(QStringLiteral(KX_CLI_CONTRACTS) + u'/' + name);
         ASSERT_FALSE(contract.isEmpty()) << name.toStdString();
         kxtest::emptyDatabase(*compSqlConnection);

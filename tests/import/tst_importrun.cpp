@@ -13,6 +13,7 @@
 #include "testdatabase.h"
 
 #include <QProcess>
+#include <QRegularExpression>
 #include <QThread>
 #include <random>
 
@@ -51,7 +52,17 @@ protected:
                                      { u"TEXT"_s, u"VarChar(20)"_s } } },
                                  main);
         main->DataAccessChilds.Add(child);
-        for (TCDataAccess *access : { main, child }) {
+        // Without a generator or a child table: where the product's client can, its lines are
+        // sent ahead in groups.
+        plain = new TCDataAccess({ u"IMP_PLAIN"_s,
+                                   { { u"ID"_s, u"Varchar(43)"_s, fUniqueIndex },
+                                     { u"NR"_s, u"VarChar(10)"_s, fIndex },
+                                     { u"NAME"_s, u"VarChar(5)"_s, 0, u"Name"_s },
+                                     { u"BETRAG"_s, u"Numeric(15,2)"_s },
+                                     { u"DATUM"_s, u"Date"_s },
+                                     { u"NOTIZ"_s, u"BLOB SUB_TYPE TEXT"_s } } },
+                                 nullptr);
+        for (TCDataAccess *access : { main, child, plain }) {
             access->Connection = compSqlConnection;
             access->AlterOrCreateTable();
         }
@@ -59,6 +70,7 @@ protected:
     void TearDown() override
     {
         delete main;
+        delete plain;
         kxtest::DatabaseTest::TearDown();
     }
 
@@ -90,6 +102,7 @@ protected:
 
     TCDataAccess *main = nullptr;
     TCDataAccess *child = nullptr;
+    TCDataAccess *plain = nullptr;
     int m_files = 0;
 };
 
@@ -146,11 +159,13 @@ TEST_F(ImportRunTest, ValuesAsTheyComeFromOtherPrograms)
 // its column with its quotes kept, an amount lands to the cent.
 TEST_F(ImportRunTest, RandomFilesLandAsTheModelSays)
 {
-    const QList<std::pair<QString, QString>> pairs{ { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s },
-                                                    { u"BETRAG.IMP_MAIN"_s, u"3"_s } };
     const int cases = kxtest::product() == u"firebird"_s ? 15 : 40;
     EXPECT_TRUE(kxtest::propertyHolds("random files against the run's model", cases, [&] {
-        kxtest::exec(u"delete from IMP_MAIN"_s);
+        TCDataAccess *access = *rc::gen::elementOf(std::vector{ main, plain });
+        const QString &table = access->Tablename;
+        const QList<std::pair<QString, QString>> pairs{ { u"NR."_s + table, u"1"_s }, { u"Name."_s + table, u"2"_s },
+                                                        { u"BETRAG."_s + table, u"3"_s } };
+        kxtest::exec(u"delete from "_s + table);
         std::map<QString, std::pair<QString, qint64>> model; // key: name, cents (-1: none)
         QByteArray file;
         for (int line = *rc::gen::inRange(1, 12); line > 0; --line) {
@@ -165,12 +180,13 @@ TEST_F(ImportRunTest, RandomFilesLandAsTheModelSays)
             if (cents >= 0)
                 row->second.second = cents;
         }
-        TImportRun r = run(writeFile(file), pairs, u"NR.IMP_MAIN"_s, u"Spalte 1"_s);
+        TImportRun r = run(writeFile(file), pairs, u"NR."_s + table, u"Spalte 1"_s, access);
+        r.Batch.Lines = *rc::gen::inRange(0, 6); // 0: statement by statement
         execute(r);
         QStringList expected, written;
         for (const auto &[key, row] : model)
             expected << key + u'|' + row.first + u'|' + QString::number(row.second);
-        for (const auto &row : kxtest::exec(u"select NR, NAME, BETRAG from IMP_MAIN order by NR"_s).rows)
+        for (const auto &row : kxtest::exec(u"select NR, NAME, BETRAG from "_s + table + u" order by NR"_s).rows)
             written << row.value(0).toString() + u'|' + row.value(1).toString() + u'|'
                     + QString::number(row.value(2).isNull() ? -1 : qRound64(row.value(2).toDouble() * 100));
         RC_ASSERT(written == expected);
@@ -267,61 +283,99 @@ TEST_F(ImportRunTest, AValueThatFailsIsReportedAndTheLineGoesOn)
 // reported and undone alone: the rest of its line and the lines after it land.
 TEST_F(ImportRunTest, AValueTheDatabaseRefusesFailsAloneInItsBatch)
 {
-    kxtest::exec(u"create unique index IMP_MAIN_NAME_U on IMP_MAIN (NAME)"_s);
-    const QString file = writeFile("N1;a;1,5\nN2;a;2,5\nN3;b;3,5\n");
-    TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"Name.IMP_MAIN"_s, u"2"_s }, { u"BETRAG.IMP_MAIN"_s, u"3"_s } });
-    execute(r, { { u"Beim Import der Zeile: N2;a;2,5;\r\ntrat folgender Fehler auf: *"_s }, { done } });
-    EXPECT_EQ(rows(u"select NR, NAME, BETRAG from IMP_MAIN order by NR"_s),
-              (QStringList{ u"N1|a|1,5"_s, u"N2||2,5"_s, u"N3|b|3,5"_s }));
-    ASSERT_EQ(r.summary().ColumnErrors.size(), 1);
-    EXPECT_EQ(r.summary().ColumnErrors[0].Line, 2);
+    for (TCDataAccess *access : { main, plain }) {
+        const QString &table = access->Tablename;
+        SCOPED_TRACE(table.toStdString());
+        kxtest::exec(u"create unique index "_s + table + u"_NAME_U on "_s + table + u" (NAME)"_s);
+        const QString file = writeFile("N1;a;1,5\nN2;a;2,5\nN3;b;3,5\n");
+        TImportRun r = run(file, { { u"NR."_s + table, u"1"_s }, { u"Name."_s + table, u"2"_s }, { u"BETRAG."_s + table, u"3"_s } },
+                           u"NR."_s + table, u"Spalte 1"_s, access);
+        execute(r, { { u"Beim Import der Zeile: N2;a;2,5;\r\ntrat folgender Fehler auf: *"_s }, { done } });
+        EXPECT_EQ(rows(u"select NR, NAME, BETRAG from "_s + table + u" order by NR"_s),
+                  (QStringList{ u"N1|a|1,5"_s, u"N2||2,5"_s, u"N3|b|3,5"_s }));
+        ASSERT_EQ(r.summary().ColumnErrors.size(), 1);
+        EXPECT_EQ(r.summary().ColumnErrors[0].Line, 2);
+        EXPECT_EQ(r.summary().RowsInserted, 3);
+    }
 }
 
 // Each line is written whole or not at all: an error that ends the run keeps the lines before
 // it and undoes its own line; the message names the field.
 TEST_F(ImportRunTest, AnErrorThatEndsTheRunKeepsWholeLinesOnly)
 {
-    const QString file = writeFile("N1;\nN2;Notiz\nN3;\n");
-    TImportRun r = run(file, { { u"NR.IMP_MAIN"_s, u"1"_s }, { u"NOTIZ.IMP_MAIN"_s, u"2"_s } });
-    {
-        ScriptedMessages user(questions(mrNo, {}));
-        EXPECT_TRUE(kxtest::raised<kx::ConvertError>([&] { r.Execute(); }).contains(u"\"NOTIZ.IMP_MAIN\""_s))
-            << "a text field without a length ends the run, naming it";
+    for (TCDataAccess *access : { main, plain }) {
+        const QString &table = access->Tablename;
+        const QString file = writeFile("N1;\nN2;Notiz\nN3;\n");
+        TImportRun r = run(file, { { u"NR."_s + table, u"1"_s }, { u"NOTIZ."_s + table, u"2"_s } }, {}, {}, access);
+        {
+            ScriptedMessages user(questions(mrNo, {}));
+            EXPECT_TRUE(kxtest::raised<kx::ConvertError>([&] { r.Execute(); }).contains(u"\"NOTIZ."_s + table + u'"'))
+                << "a text field without a length ends the run, naming it";
+        }
+        EXPECT_EQ(rows(u"select NR from "_s + table), QStringList{ u"N1"_s });
+        EXPECT_FALSE(r.summary().Finished);
     }
-    EXPECT_EQ(rows(u"select NR from IMP_MAIN"_s), QStringList{ u"N1"_s });
-    EXPECT_FALSE(r.summary().Finished);
 }
 
 // The headless import killed at random moments leaves whole lines only; the same import again
 // (keyed) completes the table.
 TEST_F(ImportRunTest, AKilledRunLeavesWholeLinesOnly)
 {
-    QByteArray lines;
-    for (int i = 1; i <= 3000; ++i)
-        lines += u"N%1;n%1;%1,5;01.02.2026\n"_s.arg(i).toUtf8();
-    const QString file = writeFile(lines);
-    const QString definition = kxtest::writeFile(m_scratch.filePath(u"def.iDef"_s),
-                                                 "NR.IMP_MAIN=1\r\nName.IMP_MAIN=2\r\nBETRAG.IMP_MAIN=3\r\nDATUM.IMP_MAIN=4\r\n"
-                                                 "_Key1_=NR.IMP_MAIN\r\n_Key2_=Spalte 1\r\n");
-    const QStringList call{ u"--db"_s, m_connectionString, u"import"_s, u"IMP_MAIN"_s, file, u"--def"_s, definition, u"--yes"_s };
-    const QString halfLines = u"select count(*) from IMP_MAIN where NAME is null or BETRAG is null or DATUM is null"_s;
     std::mt19937 random(7);
-    for (int attempt = 0; attempt < 5; ++attempt) {
+    // Lines sent ahead go fast: more of them, so that the kills fall inside the run.
+    for (const auto &[table, count] : { std::pair{ u"IMP_MAIN"_s, 3000 }, { u"IMP_PLAIN"_s, 20000 } }) {
+        SCOPED_TRACE(table.toStdString());
+        QByteArray lines;
+        for (int i = 1; i <= count; ++i)
+            lines += u"N%1;n%1;%1,5;01.02.2026\n"_s.arg(i).toUtf8();
+        const QString file = writeFile(lines);
+        const QString definition = kxtest::writeFile(
+            m_scratch.filePath(u"def.iDef"_s),
+            u"NR.%1=1\r\nName.%1=2\r\nBETRAG.%1=3\r\nDATUM.%1=4\r\n_Key1_=NR.%1\r\n_Key2_=Spalte 1\r\n"_s.arg(table).toUtf8());
+        const QStringList call{ u"--db"_s, m_connectionString, u"import"_s, table, file, u"--def"_s, definition, u"--yes"_s };
+        const QString halfLines = u"select count(*) from "_s + table + u" where NAME is null or BETRAG is null or DATUM is null"_s;
+        for (int attempt = 0; attempt < 3; ++attempt) {
+            QProcess program;
+            program.start(QString::fromUtf8(KX_CLI_PROGRAM), call);
+            ASSERT_TRUE(program.waitForStarted());
+            QThread::msleep(std::uniform_int_distribution<int>(50, 1500)(random));
+            program.kill();
+            program.waitForFinished();
+            SCOPED_TRACE("attempt " + std::to_string(attempt) + ", rows " + rows(u"select count(*) from "_s + table).value(0).toStdString());
+            EXPECT_EQ(rows(halfLines), QStringList{ u"0"_s });
+        }
         QProcess program;
         program.start(QString::fromUtf8(KX_CLI_PROGRAM), call);
-        ASSERT_TRUE(program.waitForStarted());
-        QThread::msleep(std::uniform_int_distribution<int>(50, 1500)(random));
-        program.kill();
-        program.waitForFinished();
-        SCOPED_TRACE("attempt " + std::to_string(attempt) + ", rows " + rows(u"select count(*) from IMP_MAIN"_s).value(0).toStdString());
+        ASSERT_TRUE(program.waitForFinished(300000));
+        EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+        EXPECT_EQ(rows(u"select count(*), count(distinct NR) from "_s + table), QStringList{ u"%1|%1"_s.arg(count) });
         EXPECT_EQ(rows(halfLines), QStringList{ u"0"_s });
     }
-    QProcess program;
-    program.start(QString::fromUtf8(KX_CLI_PROGRAM), call);
-    ASSERT_TRUE(program.waitForFinished(300000));
-    EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
-    EXPECT_EQ(rows(u"select count(*), count(distinct NR) from IMP_MAIN"_s), QStringList{ u"3000|3000"_s });
-    EXPECT_EQ(rows(halfLines), QStringList{ u"0"_s });
+}
+
+// A key field written from another column than the key's: a later line looks for the row as the
+// earlier lines left it, also where they go to the database together with it.
+TEST_F(ImportRunTest, KeysAsTheLinesBeforeLeftThem)
+{
+    const QString file = writeFile("K1;K2;eins\nK1;;zwei\nK2;;drei\n");
+    const QList<std::pair<QString, QString>> pairs{ { u"NR.IMP_PLAIN"_s, u"2"_s }, { u"Name.IMP_PLAIN"_s, u"3"_s } };
+    QStringList traces[2];
+    for (const int lines : { 0, 1000 }) { // statement by statement, then in a batch
+        kxtest::exec(u"delete from IMP_PLAIN"_s);
+        kxtest::exec(u"insert into IMP_PLAIN (ID, NR) values ('A', 'K1')"_s);
+        TImportRun r = run(file, pairs, u"NR.IMP_PLAIN"_s, u"Spalte 1"_s, plain);
+        r.Batch.Lines = lines;
+        kx::SqlTraceCapture trace;
+        execute(r);
+        EXPECT_EQ(rows(u"select NR, NAME from IMP_PLAIN order by NAME"_s), (QStringList{ u"K2|drei"_s, u"|zwei"_s }));
+        EXPECT_EQ(rows(u"select NAME from IMP_PLAIN where ID='A'"_s), QStringList{ u"drei"_s });
+        EXPECT_EQ(r.summary().RowsUpdated, 2);
+        EXPECT_EQ(r.summary().RowsInserted, 1);
+        for (QString sql : trace.statements())
+            traces[lines ? 1 : 0] << sql.replace(QRegularExpression(u"[0-9A-F]{32}"_s), u"<key>"_s);
+        traces[lines ? 1 : 0].sort();
+    }
+    EXPECT_EQ(traces[1], traces[0]) << "the same statements, whichever way they go";
 }
 
 // A definition that names what the table or the file does not have would add rows where it
