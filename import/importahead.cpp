@@ -13,7 +13,6 @@
 #include "sqlconnection.h"
 #include "sqlresult.h"
 #include "sqltool.h"
-#include "strtools.h"
 #include "textfile.h"
 
 #include <QElapsedTimer>
@@ -71,28 +70,17 @@ bool TImportRun::canImportAhead(const QString &keyField, const QStringList &assi
 bool TImportRun::readAhead(kx::TextLineReader &reader, QList<AheadLine> &group, const QString &keyField, int keyColumn)
 {
     const QString &table = TableList.front().first;
-    while (group.size() < std::min(aheadGroup, Batch.Lines) && reader.readLine(m_line)) {
-        ++m_lineNumber;
-        ++m_summary.LinesRead;
-        if (Progress.Step)
-            Progress.Step();
-        if (Progress.ProcessMessages)
-            Progress.ProcessMessages();
-        m_line += u';';
+    while (group.size() < std::min(aheadGroup, Batch.Lines) && nextLine(reader)) {
         AheadLine &line = group.emplace_back();
         line.number = m_lineNumber;
         line.line = m_line;
         if (keyColumn != -1 && !keyField.isEmpty())
             line.key = GetImportField(m_line, keyColumn);
         for (const TImportField &field : std::as_const(Fields)) {
-            const QStringList &s = field.SubItems;
-            if (!isMainField(field, table) || s[TImportField::Column].isEmpty())
-                continue;
-            const QString value = GetImportField(m_line, kx::strToInt(s[TImportField::Column]));
+            const QString value = lineValue(field, table);
             if (value.isEmpty())
                 continue;
-            if (s[TImportField::Field].toUpper() == u"EINHEIT"_s)
-                m_einheitValueImported = true;
+            const QStringList &s = field.SubItems;
             QString error, assignment;
             try {
                 assignment = valueAssignment(field, value, error);
@@ -144,8 +132,7 @@ QStringList TImportRun::aheadWrites(const QList<AheadLine> &group, const std::ve
             ++m_summary.RowsInserted;
         }
         for (const QString &assignment : line.assignments)
-            statements << QStringList{ u"Update "_s + table + u" set"_s, assignment, u"Where id ='"_s + sqlConvertString(*id) + u'\'' }
-                              .join(u'\n');
+            statements << importUpdateLines(table, assignment, *id).join(u'\n');
         if (line.writesKey) {
             keyOfRow.insert(*id, line.keyWritten);
             if (!rowOfKey.contains(line.keyWritten))

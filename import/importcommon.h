@@ -157,6 +157,9 @@ private:
     bool readAhead(kx::TextLineReader &reader, QList<AheadLine> &group, const QString &keyField, int keyColumn);
     QStringList aheadWrites(const QList<AheadLine> &group, const std::vector<kx::SqlResult> &results,
                             std::optional<qsizetype> firstLookup);
+    bool nextLine(kx::TextLineReader &reader);
+    // The line's value for the field, where the field is one of the table's that the line writes.
+    QString lineValue(const TImportField &field, const QString &table);
     QString valueAssignment(const TImportField &field, const QString &value, QString &error) const;
     bool importLineTogether(const QString &keyField, int keyColumn, const QStringList &assignedTables);
     QString mainRowId(const QString &table, const QString &keyField, int keyColumn);

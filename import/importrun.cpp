@@ -177,12 +177,7 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
     QElapsedTimer batchAge;
     int batchLines = 0;
     try {
-        while (reader.readLine(m_line)) {
-            ++m_lineNumber;
-            ++m_summary.LinesRead;
-            call(Progress.Step);
-            call(Progress.ProcessMessages);
-            m_line += u';';
+        while (nextLine(reader)) {
             if (Batch.Lines > 0 && !batch) {
                 batch.emplace();
                 batchAge.start();
@@ -213,6 +208,18 @@ void TImportRun::importLines(const QString &keyField, int keyColumn, const QStri
         }
         throw;
     }
+}
+
+bool TImportRun::nextLine(kx::TextLineReader &reader)
+{
+    if (!reader.readLine(m_line))
+        return false;
+    ++m_lineNumber;
+    ++m_summary.LinesRead;
+    call(Progress.Step);
+    call(Progress.ProcessMessages);
+    m_line += u';';
+    return true;
 }
 
 void TImportRun::importLineInBatch(const QString &keyField, int keyColumn, const QStringList &assignedTables)
@@ -348,6 +355,11 @@ QStringList importInsertLines(const QString &table, const QStringList &fields, c
     return lines;
 }
 
+QStringList importUpdateLines(const QString &table, const QString &assignment, const QString &id)
+{
+    return { u"Update "_s + table + u" set"_s, assignment, u"Where id ='"_s + sqlConvertString(id) + u'\'' };
+}
+
 namespace {
 
 // The declared length of a text field. A type without one ends the run, as it must not guess
@@ -365,6 +377,18 @@ int fieldLength(const TImportField &field, qint64 lineNumber)
 }
 
 } // namespace
+
+QString TImportRun::lineValue(const TImportField &field, const QString &table)
+{
+    const QStringList &s = field.SubItems;
+    if (s[TImportField::Table].compare(table, Qt::CaseInsensitive) != 0 || s[TImportField::Generator] != u"0"_s
+        || s[TImportField::Column].isEmpty())
+        return {};
+    const QString value = GetImportField(m_line, kx::strToInt(s[TImportField::Column]));
+    if (!value.isEmpty() && s[TImportField::Field].toUpper() == u"EINHEIT"_s)
+        m_einheitValueImported = true;
+    return value;
+}
 
 QString TImportRun::valueAssignment(const TImportField &field, const QString &value, QString &error) const
 {
@@ -390,27 +414,17 @@ QString TImportRun::valueAssignment(const TImportField &field, const QString &va
 void TImportRun::UpdateImportRecord(const QString &table, QString id)
 {
     for (const TImportField &field : std::as_const(Fields)) {
-        const QStringList &s = field.SubItems;
-        if (s[TImportField::Table].compare(table, Qt::CaseInsensitive) != 0 || s[TImportField::Generator] != u"0"_s
-            || s[TImportField::Column].isEmpty())
-            continue;
-        const QString value = GetImportField(m_line, kx::strToInt(s[TImportField::Column]));
+        const QString value = lineValue(field, table);
         if (value.isEmpty())
             continue;
-        const QString &name = s[TImportField::Field];
-        if (name.toUpper() == u"EINHEIT"_s)
-            m_einheitValueImported = true;
-
-        QStringList lines{ u"Update "_s + table + u" set"_s };
         QString error;
         const QString assignment = valueAssignment(field, value, error);
         if (assignment.isEmpty()) {
             // A number that does not read is this value's failure, reported like a refused
-            // statement, not the end of the run.
-            reportColumnError(field, lines.join(u'\n'), error);
+            // statement, not the end of the run; the statement as far as it came.
+            reportColumnError(field, importUpdateLines(table, {}, id).first(), error);
             continue;
         }
-        lines << assignment;
         if (id == u"-99"_s) {
             // The first written value of a child table makes the child row of this line.
             InsertImportRecord(table, u"ID"_s, u"IDParent"_s, id, m_mainId);
@@ -419,10 +433,9 @@ void TImportRun::UpdateImportRecord(const QString &table, QString id)
             // whole; the batch so far is committed then.
             m_commitAfterLine = true;
         }
-        lines << u"Where id ='"_s + sqlConvertString(id) + u'\'';
         TCSqlQuery update;
         update.Connection = compSqlConnection;
-        update.SQL.Assign(lines);
+        update.SQL.Assign(importUpdateLines(table, assignment, id));
         try {
             kx::StatementGuard guard;
             update.ExecSQL();
